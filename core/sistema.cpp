@@ -8,6 +8,7 @@ void Form2Controlli::scarica() {
     Check.fill(0);
     chkAmbo.fill(false);
     for (auto& t : testi) t = FormatoDecimali(0, 2);
+    lblCosto = FormatoDecimali(0, 2);
     abilitato.fill(false);
     caricato = false;
 }

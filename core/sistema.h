@@ -10,6 +10,7 @@
 #include "core/basic.h"
 #include "core/colonne.h"
 #include "core/filtro.h"
+#include "core/form4.h"
 #include "core/lista.h"
 #include "core/vocabolario.h"
 
@@ -28,6 +29,7 @@ struct Form2Controlli {
     std::array<int, 5> Check{};           // Check0..Check4: 0 or 1
     std::array<bool, 65> chkAmbo{};       // stake boxes
     std::array<std::string, 5> testi;     // text0, Text1, Text2, Text3, text4
+    std::string lblCosto = "0,00";         // total of one play, two decimals
     std::array<bool, 5> abilitato{};      // Check0..Check4 enabled (with their labels)
     bool caricato = false;
 
@@ -107,6 +109,8 @@ struct Sistema {
 
     Form2Controlli form2;
     Form5Controlli form5;
+    Form4Controlli form4;  // the shared progress window
+    bool Timer4Abilitato = false;  // Form1.Timer4: the cover's ticks run while it is on
 
     // ---- links to the subsystems, wired by the application ---------------------------
     // The condition filter of the development (null: every candidate passes).

@@ -48,7 +48,8 @@ inline constexpr std::array<const char*, 13> DidascaliePuntata = {
 inline uint64_t Binomiale(int n, int k) {
     if (k < 0 || k > n) return 0;
     if (k > n - k) k = n - k;
-    unsigned __int128 r = 1;
+    __extension__ typedef unsigned __int128 U128;
+    U128 r = 1;
     for (int i = 1; i <= k; ++i) r = r * (n - k + i) / i;
     return static_cast<uint64_t>(r);
 }
