@@ -31,20 +31,14 @@ struct Turno {
     uint64_t candidati = 0;
 };
 
-// What a round gave: its accepted columns sit in the batch buffer in order.
+// What a round gave.
 struct EsitoTurno {
-    uint64_t accettate = 0;
+    uint64_t accettate = 0;  // counted up to the limit, the one at the limit included
     uint64_t esaminate = 0;
-    bool completo = true;  // false when cut short by a limit
+    bool completo = true;    // false when cut short by the limit, an error or a stop
+    uint64_t limite = 0;     // the acceptances it was allowed (0: no limit)
     std::optional<ErroreEsecuzione> errore;
-};
-
-struct Lotto {
-    size_t primo = 0;  // rounds [primo, fine)
-    size_t fine = 0;
-    std::vector<uint8_t> colonne;
-    std::vector<EsitoTurno> esiti;
-    bool pronto = false;
+    bool alLimite() const { return !completo && !errore && limite && accettate == limite; }
 };
 
 struct Contesto {
@@ -53,10 +47,29 @@ struct Contesto {
     uint8_t numero[91] = {};  // forecast number at each place, 1-based
 };
 
-// Walks the candidates of one round in lexicographic order, appending accepted
-// columns to `out`. Stops after `limite` acceptances (0: no limit) or at an error.
-void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro, std::vector<uint8_t>& out,
-                  EsitoTurno& e, uint64_t limite) {
+// Where accepted columns go: straight into the store, or into a worker's buffer.
+struct NelMagazzino {
+    uint8_t* dest;
+    int k;
+    void operator()(const uint8_t* num) {
+        std::memcpy(dest, num, k);
+        dest += k;
+    }
+};
+struct NelBuffer {
+    std::vector<uint8_t>* out;
+    int k;
+    void operator()(const uint8_t* num) { out->insert(out->end(), num, num + k); }
+};
+
+// Walks the candidates of one round in lexicographic order. Accepted columns go to
+// `scrivi`, except the one that reaches `limite` (0: no limit), where the round
+// stops, as it does at an error or when `interrompi` is raised.
+template <class Scrivi>
+void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro, Scrivi&& scrivi, EsitoTurno& e,
+                  uint64_t limite, const std::atomic<bool>* interrompi = nullptr) {
+    e.limite = limite;
+    uint32_t battito = 0;
     const int n = c.n, k = c.k;
     int liv[KMax + 1];
     uint8_t num[KMax + 1];
@@ -66,6 +79,13 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
     num[1] = c.numero[t.i2];
 
     auto candidato = [&]() -> bool {  // false: stop the round
+        if (interrompi && ++battito == 4096) {
+            battito = 0;
+            if (interrompi->load(std::memory_order_relaxed)) {
+                e.completo = false;
+                return false;
+            }
+        }
         ++e.esaminate;
         bool ok = true;
         if (filtro) {
@@ -78,12 +98,12 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
             }
         }
         if (ok) {
-            out.insert(out.end(), num, num + k);
-            ++e.accettate;
-            if (limite && e.accettate >= limite) {
+            if (limite && ++e.accettate >= limite) {
                 e.completo = false;
                 return false;
             }
+            if (!limite) ++e.accettate;
+            scrivi(num);
         }
         return true;
     };
@@ -116,20 +136,26 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
     }
 }
 
+// Consecutive rounds worked by one worker ahead of the commit.
+struct Lotto {
+    size_t primo = 0;  // rounds [primo, fine)
+    size_t fine = 0;
+    std::vector<uint8_t> colonne;
+    std::vector<EsitoTurno> esiti;
+    bool pronto = false;
+};
+
 void ElaboraLotto(const Contesto& c, const std::vector<Turno>& turni, Lotto& l, const FiltroColonna* filtro,
-                  uint64_t limite) {
-    l.esiti.assign(l.fine - l.primo, EsitoTurno{});
+                  uint64_t limite, const std::atomic<bool>* interrompi) {
+    l.esiti.clear();
+    l.colonne.clear();
     uint64_t totale = 0;
     for (size_t r = l.primo; r < l.fine; ++r) {
-        EsitoTurno& e = l.esiti[r - l.primo];
-        // A batch stops where the store would surely overflow; the round is then
-        // worked again at commit time up to the exact point.
-        ElaboraTurno(c, turni[r], filtro, l.colonne, e, limite ? limite - totale : 0);
+        EsitoTurno& e = l.esiti.emplace_back();
+        // A batch stops where the store would surely overflow.
+        ElaboraTurno(c, turni[r], filtro, NelBuffer{&l.colonne, c.k}, e, limite - totale, interrompi);
         totale += e.accettate;
-        if (!e.completo) {
-            l.esiti.resize(r - l.primo + 1);
-            break;
-        }
+        if (!e.completo) break;
     }
 }
 
@@ -142,7 +168,6 @@ void SviluppaColonne(Sistema& s, Interfaccia& ui, const ParametriSviluppo& par) 
     for (int i = 1; i <= c.n && i < static_cast<int>(s.Pronostico.size()); ++i)
         c.numero[i] = static_cast<uint8_t>(s.Pronostico[i]);
     const int n = c.n, k = c.k;
-    const int64_t capacita = s.colonne.capacita();
 
     // The closing steps of a pass that ran to its end (or ended on an error).
     auto chiudi = [&] {
@@ -162,6 +187,7 @@ void SviluppaColonne(Sistema& s, Interfaccia& ui, const ParametriSviluppo& par) 
         return;
     }
     if (s.colonne.k() != k || s.colonne.capacita() == 0) s.colonne.dimensiona(k);
+    const int64_t capacita = s.colonne.capacita();
 
     std::vector<Turno> turni;
     uint64_t totale = 0;
@@ -174,8 +200,58 @@ void SviluppaColonne(Sistema& s, Interfaccia& ui, const ParametriSviluppo& par) 
 
     std::shared_ptr<FiltroColonna> filtro = s.filtro;
     if (filtro) filtro->prepara(s);
+    std::unique_ptr<FiltroColonna> copiaLocale = filtro ? filtro->clona() : nullptr;
 
-    // Batches of consecutive rounds.
+    // A round is over: its columns are in the store (or come from `dati`). Returns
+    // false when the pass has ended here.
+    auto chiudiTurno = [&](const Turno& t, const EsitoTurno& e, const uint8_t* dati) -> bool {
+        const int64_t libere = capacita - s.NumColonne;
+        s.ContatoreLavoro = t.i1;
+        s.ColonneEsaminate += static_cast<int64_t>(e.esaminate);
+        if (static_cast<int64_t>(e.accettate) > libere) {
+            // The column past the store's end is counted, its write fails and the
+            // handler takes it off again: the store keeps exactly its capacity.
+            if (dati && libere) std::memcpy(s.colonne.colonna(s.NumColonne + 1), dati, libere * k);
+            s.NumColonne += static_cast<int32_t>(libere);
+            memoriaEsaurita();
+            return false;
+        }
+        if (dati && e.accettate) std::memcpy(s.colonne.colonna(s.NumColonne + 1), dati, e.accettate * k);
+        s.NumColonne += static_cast<int32_t>(e.accettate);
+        if (e.errore) {
+            // Whatever the error, the handler takes one column off the count.
+            s.NumColonne -= 1;
+            memoriaEsaurita();
+            return false;
+        }
+        // End of a round of level 2: serve the keys, show the counts.
+        CediForm4(s, ui);
+        if (s.form4.visibile) {
+            s.form4.valore = static_cast<double>(s.ColonneEsaminate);
+            s.form4.Text1 = TestoSemplice(s.NumColonne);
+            s.form4.Text2 = TestoSemplice(s.ColonneEsaminate);
+            AggiornaForm4(s, ui);
+        }
+        return s.form4.visibile;
+    };
+
+    int lavoratori = par.thread > 0 ? par.thread : static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
+    // Without a filter the pass only writes memory: more threads would only copy more.
+    if (totale < par.sogliaParallela || (!filtro && par.thread == 0)) lavoratori = 1;
+
+    if (lavoratori == 1) {
+        for (const Turno& t : turni) {
+            const int64_t libere = capacita - s.NumColonne;
+            EsitoTurno e;
+            ElaboraTurno(c, t, copiaLocale.get(), NelMagazzino{s.colonne.colonna(s.NumColonne + 1), k}, e,
+                         static_cast<uint64_t>(libere) + 1);
+            if (!chiudiTurno(t, e, nullptr)) return;
+        }
+        chiudi();
+        return;
+    }
+
+    // Batches of consecutive rounds, worked ahead by the workers and committed in order.
     std::vector<Lotto> lotti;
     for (size_t r = 0; r < turni.size();) {
         Lotto l;
@@ -186,15 +262,13 @@ void SviluppaColonne(Sistema& s, Interfaccia& ui, const ParametriSviluppo& par) 
         lotti.push_back(std::move(l));
     }
 
-    int lavoratori = par.thread > 0 ? par.thread : static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
-    if (totale < par.sogliaParallela) lavoratori = 1;
-    const bool parallelo = lavoratori > 1 && lotti.size() > 1;
-
     std::mutex m;
     std::condition_variable cvPronto, cvSpazio;
     size_t prossimo = 0, consumati = 0;
     bool fermo = false;
+    std::atomic<bool> interrompi{false};
     std::atomic<int64_t> memorizzate{s.NumColonne};
+    std::vector<std::vector<uint8_t>> riserva;  // buffers given back, reused to spare page faults
     const size_t finestra = static_cast<size_t>(lavoratori) * 2;
     std::vector<std::thread> thread;
 
@@ -206,17 +280,20 @@ void SviluppaColonne(Sistema& s, Interfaccia& ui, const ParametriSviluppo& par) 
                 cvSpazio.wait(l, [&] { return fermo || prossimo < consumati + finestra; });
                 if (fermo || prossimo >= lotti.size()) return;
                 b = prossimo++;
+                if (!riserva.empty()) {
+                    lotti[b].colonne = std::move(riserva.back());
+                    riserva.pop_back();
+                }
             }
             int64_t libere = capacita - memorizzate.load();
             uint64_t limite = static_cast<uint64_t>(std::max<int64_t>(libere, 0)) + 1;
             try {
-                ElaboraLotto(c, turni, lotti[b], copia.get(), limite);
+                ElaboraLotto(c, turni, lotti[b], copia.get(), limite, &interrompi);
             } catch (const std::bad_alloc&) {
-                lotti[b].esiti.resize(1);
-                lotti[b].esiti[0] = EsitoTurno{};
+                lotti[b].colonne.clear();
+                lotti[b].esiti.assign(1, EsitoTurno{});
                 lotti[b].esiti[0].completo = false;
                 lotti[b].esiti[0].errore = errori::memoriaEsaurita();
-                lotti[b].colonne.clear();
             }
             std::lock_guard l(m);
             lotti[b].pronto = true;
@@ -228,85 +305,53 @@ void SviluppaColonne(Sistema& s, Interfaccia& ui, const ParametriSviluppo& par) 
             std::lock_guard l(m);
             fermo = true;
         }
+        interrompi = true;
         cvSpazio.notify_all();
         for (auto& t : thread) t.join();
         thread.clear();
     };
 
-    if (parallelo)
-        for (int i = 0; i < lavoratori; ++i)
-            thread.emplace_back(lavora, filtro ? filtro->clona() : nullptr);
-
-    std::unique_ptr<FiltroColonna> copiaLocale = filtro ? filtro->clona() : nullptr;
-
-    auto copia = [&](const uint8_t* da, uint64_t quante) {
-        if (quante) std::memcpy(s.colonne.colonna(s.NumColonne + 1), da, quante * k);
-        s.NumColonne += static_cast<int32_t>(quante);
-    };
+    for (int i = 0; i < lavoratori; ++i) thread.emplace_back(lavora, filtro ? filtro->clona() : nullptr);
 
     try {
         for (size_t b = 0; b < lotti.size(); ++b) {
             Lotto& l = lotti[b];
-            if (parallelo) {
+            {
                 std::unique_lock lk(m);
                 cvPronto.wait(lk, [&] { return l.pronto; });
-            } else {
-                int64_t libere = capacita - s.NumColonne;
-                ElaboraLotto(c, turni, l, copiaLocale.get(), static_cast<uint64_t>(std::max<int64_t>(libere, 0)) + 1);
             }
             size_t offset = 0;
             for (size_t r = l.primo; r < l.fine; ++r) {
                 const Turno& t = turni[r];
-                EsitoTurno e = r - l.primo < l.esiti.size() ? l.esiti[r - l.primo] : EsitoTurno{0, 0, false, {}};
+                EsitoTurno e;
+                if (r - l.primo < l.esiti.size()) e = l.esiti[r - l.primo];
+                else e.completo = false;  // not reached by the worker
                 const uint8_t* dati = l.colonne.data() + offset;
-                std::vector<uint8_t> rifatte;
+                offset += std::min<uint64_t>(e.accettate, e.alLimite() ? e.accettate - 1 : e.accettate) * k;
                 const int64_t libere = capacita - s.NumColonne;
-                if (static_cast<int64_t>(e.accettate) > libere ||
-                    (!e.completo && !e.errore && static_cast<int64_t>(e.accettate) <= libere)) {
-                    // Past the store's end, or cut short by a worker's cautious limit:
-                    // the round is worked again here up to the exact point.
+                const bool oltre = static_cast<int64_t>(e.accettate) > libere;
+                bool rifare;
+                if (e.errore) rifare = oltre;  // the error came first unless past the end
+                else if (e.alLimite()) rifare = e.limite != static_cast<uint64_t>(libere) + 1;
+                else if (!e.completo) rifare = true;  // not reached, or stopped
+                else rifare = oltre;                  // whole round, but past the end
+                if (rifare) {
+                    // Worked again here, straight into the store, up to the exact point.
                     e = EsitoTurno{};
-                    ElaboraTurno(c, t, copiaLocale.get(), rifatte, e, static_cast<uint64_t>(libere) + 1);
-                    dati = rifatte.data();
+                    ElaboraTurno(c, t, copiaLocale.get(), NelMagazzino{s.colonne.colonna(s.NumColonne + 1), k}, e,
+                                 static_cast<uint64_t>(libere) + 1);
+                    dati = nullptr;
                 }
-                offset += e.accettate * k;
-                s.ContatoreLavoro = t.i1;
-                if (static_cast<int64_t>(e.accettate) > libere) {
-                    // The column past the store's end is counted, its write fails and the
-                    // handler takes it off again: the store keeps exactly its capacity.
-                    copia(dati, static_cast<uint64_t>(libere));
-                    s.ColonneEsaminate += static_cast<int64_t>(e.esaminate);
+                if (!chiudiTurno(t, e, dati)) {
                     ferma();
-                    memoriaEsaurita();
                     return;
                 }
-                copia(dati, e.accettate);
                 memorizzate.store(s.NumColonne);
-                s.ColonneEsaminate += static_cast<int64_t>(e.esaminate);
-                if (e.errore) {
-                    // Whatever the error, the handler takes one column off the count.
-                    s.NumColonne -= 1;
-                    ferma();
-                    memoriaEsaurita();
-                    return;
-                }
-                // End of a round of level 2: serve the keys, show the counts.
-                CediForm4(s, ui);
-                if (s.form4.visibile) {
-                    s.form4.valore = static_cast<double>(s.ColonneEsaminate);
-                    s.form4.Text1 = TestoSemplice(s.NumColonne);
-                    s.form4.Text2 = TestoSemplice(s.ColonneEsaminate);
-                    AggiornaForm4(s, ui);
-                }
-                if (!s.form4.visibile) {
-                    ferma();
-                    return;
-                }
             }
-            l.colonne.clear();
-            l.colonne.shrink_to_fit();
             {
                 std::lock_guard lk(m);
+                riserva.push_back(std::move(l.colonne));
+                riserva.back().clear();
                 consumati = b + 1;
             }
             cvSpazio.notify_all();

@@ -1,0 +1,40 @@
+// The options that describe a development on the command line, shared by every
+// subcommand that starts from one (sviluppa, riduci, percentuali...).
+#pragma once
+
+#include "core/interfaccia_scriptata.h"
+#include "core/sistema.h"
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <string>
+
+namespace zef::cli {
+
+struct OpzioniSviluppo {
+    std::string pronostico;  // "1,5,9" or "1-40"
+    std::string sviluppo;    // k as a number or a size name ("CINQUINE")
+    std::string fisse;
+    std::string distanza = "0";
+    std::string condizioni;  // JSON file of conditions
+    int thread = 0;          // worker threads (0: all cores)
+};
+
+void AggiungiOpzioniSviluppo(CLI::App* app, OpzioniSviluppo& o, bool sviluppoObbligatorio = true);
+
+// The forecast as the pad would take it; throws InputNonValido.
+void ImpostaPronostico(Sistema& s, const std::string& testo);
+// The size as a number or a name; throws InputNonValido.
+int DimensioneSviluppo(const std::string& testo);
+
+// Installs the conditions of a file before a development (wired by the conditions
+// subsystem; null while none is there).
+using CaricatoreCondizioni = std::function<void(Sistema&, Interfaccia&, const std::string& file)>;
+CaricatoreCondizioni& CaricaCondizioni();
+
+// Sets the forecast and develops it as the development dialog would. Returns the
+// boxes shown (MEMORIA ESAURITA...) in `ui`.
+void Sviluppa(Sistema& s, InterfacciaScriptata& ui, const OpzioniSviluppo& o);
+
+}  // namespace zef::cli
