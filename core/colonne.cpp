@@ -38,10 +38,13 @@ void Colonne::libera() {
 void Colonne::dimensiona(int k, int64_t capacita) {
     libera();
     if (k < 0 || capacita < 0) throw errori::indiceFuoriIntervallo();
+    // 16 bytes of slack past the last column let the hot loops store a column
+    // with one 16-byte write.
     size_t byte = static_cast<size_t>(k) * static_cast<size_t>(capacita);
     k_ = k;
     capacita_ = capacita;
     if (byte == 0) return;
+    byte += Margine;
     void* p = mmap(nullptr, byte, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     if (p == MAP_FAILED) {
         k_ = 0;

@@ -42,6 +42,8 @@ inline Maschera MascheraDi(const uint8_t* numeri, int k) {
 class Colonne {
 public:
     static constexpr int64_t CapacitaSviluppo = 20'000'000;
+    // Writable bytes past the last column (see dimensiona).
+    static constexpr size_t Margine = 16;
 
     Colonne() = default;
     Colonne(const Colonne&) = delete;

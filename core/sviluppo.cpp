@@ -62,6 +62,57 @@ struct NelBuffer {
     void operator()(const uint8_t* num) { out->insert(out->end(), num, num + k); }
 };
 
+// Every candidate passes: writes the first `quante` columns of the round straight
+// into `dest`, the last level in a tight loop. Each column goes with one 16-byte
+// write that spills into the next column's place, except the last one, so that
+// two threads writing neighbouring blocks never overwrite each other.
+void ScriviTutte(const Contesto& c, const Turno& t, uint8_t* dest, uint64_t quante) {
+    const int n = c.n, k = c.k;
+    if (quante == 0) return;
+    alignas(16) uint8_t buf[16] = {};
+    buf[0] = c.numero[t.i1];
+    buf[1] = c.numero[t.i2];
+    auto scrivi = [&] {
+        if (quante == 1) std::memcpy(dest, buf, k);
+        else std::memcpy(dest, buf, 16);
+        dest += k;
+        return --quante != 0;
+    };
+    if (k == 2) {
+        scrivi();
+        return;
+    }
+    int liv[KMax + 1];
+    liv[1] = t.i2;
+    // positions 2..k-2 form the prefix; position k-1 runs in the inner loop
+    int p = 2;
+    liv[2] = liv[1];
+    if (k == 3) {
+        for (int j = t.i2 + 1; j <= n; ++j) {
+            buf[2] = c.numero[j];
+            if (!scrivi()) return;
+        }
+        return;
+    }
+    while (p >= 2) {
+        if (liv[p] < n - k + p + 1) {
+            ++liv[p];
+            buf[p] = c.numero[liv[p]];
+            if (p == k - 2) {
+                for (int j = liv[p] + 1; j <= n; ++j) {
+                    buf[k - 1] = c.numero[j];
+                    if (!scrivi()) return;
+                }
+            } else {
+                ++p;
+                liv[p] = liv[p - 1];
+            }
+        } else {
+            --p;
+        }
+    }
+}
+
 // Walks the candidates of one round in lexicographic order. Accepted columns go to
 // `scrivi`, except the one that reaches `limite` (0: no limit), where the round
 // stops, as it does at an error or when `interrompi` is raised.
@@ -236,17 +287,99 @@ void SviluppaColonne(Sistema& s, Interfaccia& ui, const ParametriSviluppo& par) 
     };
 
     int lavoratori = par.thread > 0 ? par.thread : static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
-    // Without a filter the pass only writes memory: more threads would only copy more.
-    if (totale < par.sogliaParallela || (!filtro && par.thread == 0)) lavoratori = 1;
+    if (totale < par.sogliaParallela) lavoratori = 1;
 
     if (lavoratori == 1) {
         for (const Turno& t : turni) {
             const int64_t libere = capacita - s.NumColonne;
             EsitoTurno e;
+            if (!copiaLocale) {
+                // No filter: the round's columns are known without asking; the one
+                // past the store's end is examined and counted like any other.
+                const uint64_t limite = static_cast<uint64_t>(libere) + 1;
+                const uint64_t quante = std::min(t.candidati, limite - 1);
+                ScriviTutte(c, t, s.colonne.colonna(s.NumColonne + 1), quante);
+                e.limite = limite;
+                e.accettate = e.esaminate = std::min(t.candidati, limite);
+                e.completo = t.candidati < limite;
+                if (!chiudiTurno(t, e, nullptr)) return;
+                continue;
+            }
             ElaboraTurno(c, t, copiaLocale.get(), NelMagazzino{s.colonne.colonna(s.NumColonne + 1), k}, e,
                          static_cast<uint64_t>(libere) + 1);
             if (!chiudiTurno(t, e, nullptr)) return;
         }
+        chiudi();
+        return;
+    }
+
+    if (!copiaLocale) {
+        // No filter: every round's place in the store is known in advance, so the
+        // workers write the rounds straight to their places and the commit only
+        // follows them in order with the counts.
+        struct Blocco {
+            size_t primo, fine;
+            uint64_t inizio;  // columns before the block
+        };
+        std::vector<Blocco> blocchi;
+        uint64_t prima = 0;
+        for (size_t r = 0; r < turni.size();) {
+            Blocco b{r, r, prima};
+            uint64_t somma = 0;
+            while (r < turni.size() && (somma < par.candidatiPerLotto || r == b.primo)) somma += turni[r++].candidati;
+            b.fine = r;
+            prima += somma;
+            blocchi.push_back(b);
+        }
+        const uint64_t base = static_cast<uint64_t>(s.NumColonne);
+        std::vector<std::atomic<bool>> fatto(blocchi.size());
+        std::atomic<size_t> prossimo{0};
+        std::atomic<bool> basta{false};
+        std::mutex m;
+        std::condition_variable cv;
+        auto lavora = [&] {
+            for (size_t b; !basta && (b = prossimo++) < blocchi.size();) {
+                uint64_t pos = base + blocchi[b].inizio;
+                for (size_t r = blocchi[b].primo; r < blocchi[b].fine && pos < static_cast<uint64_t>(capacita); ++r) {
+                    uint64_t quante = std::min<uint64_t>(turni[r].candidati, capacita - pos);
+                    ScriviTutte(c, turni[r], s.colonne.colonna(static_cast<int64_t>(pos) + 1), quante);
+                    pos += turni[r].candidati;
+                }
+                std::lock_guard l(m);
+                fatto[b] = true;
+                cv.notify_all();
+            }
+        };
+        std::vector<std::thread> thread;
+        for (int i = 0; i < lavoratori; ++i) thread.emplace_back(lavora);
+        auto ferma = [&] {
+            basta = true;
+            for (auto& t : thread) t.join();
+        };
+        try {
+            for (size_t b = 0; b < blocchi.size(); ++b) {
+                {
+                    std::unique_lock l(m);
+                    cv.wait(l, [&] { return fatto[b].load(); });
+                }
+                for (size_t r = blocchi[b].primo; r < blocchi[b].fine; ++r) {
+                    const Turno& t = turni[r];
+                    const uint64_t limite = static_cast<uint64_t>(capacita - s.NumColonne) + 1;
+                    EsitoTurno e;
+                    e.limite = limite;
+                    e.accettate = e.esaminate = std::min(t.candidati, limite);
+                    e.completo = t.candidati < limite;
+                    if (!chiudiTurno(t, e, nullptr)) {
+                        ferma();
+                        return;
+                    }
+                }
+            }
+        } catch (...) {
+            ferma();
+            throw;
+        }
+        ferma();
         chiudi();
         return;
     }

@@ -183,7 +183,7 @@ TEST(CalcolaCombinazioni, ProdottoCorrenteDaIlBinomiale) {
 
 TEST(SviluppaColonne, UgualeAlPercorsoLetteraleSuCasiCasuali) {
     std::mt19937 rng(20261123);
-    for (int caso = 0; caso < 400; ++caso) {
+    for (int caso = 0; caso < 1500; ++caso) {
         int k = 2 + static_cast<int>(rng() % 9);
         int n = k + static_cast<int>(rng() % (k >= 7 ? 8 : 14));
         std::vector<int> pool(90);
