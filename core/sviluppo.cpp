@@ -64,8 +64,8 @@ struct NelBuffer {
 
 // Every candidate passes: writes the first `quante` columns of the round straight
 // into `dest`, the last level in a tight loop. Each column goes with one 16-byte
-// write that spills into the next column's place, except the last one, so that
-// two threads writing neighbouring blocks never overwrite each other.
+// write that spills into the places of the next ones, except near the end of the
+// run, so that two threads writing neighbouring blocks never overwrite each other.
 void ScriviTutte(const Contesto& c, const Turno& t, uint8_t* dest, uint64_t quante) {
     const int n = c.n, k = c.k;
     if (quante == 0) return;
@@ -73,7 +73,7 @@ void ScriviTutte(const Contesto& c, const Turno& t, uint8_t* dest, uint64_t quan
     buf[0] = c.numero[t.i1];
     buf[1] = c.numero[t.i2];
     auto scrivi = [&] {
-        if (quante == 1) std::memcpy(dest, buf, k);
+        if (quante * k < 16) std::memcpy(dest, buf, k);  // near the end: no spill past it
         else std::memcpy(dest, buf, 16);
         dest += k;
         return --quante != 0;

@@ -221,7 +221,7 @@ TEST(SviluppaColonne, UgualeAlPercorsoLetteraleSuCasiCasuali) {
         par.sogliaParallela = 0;
 
         std::string nome = "caso " + std::to_string(caso) + " n=" + std::to_string(n) + " k=" + std::to_string(k) +
-                           " capacita=" + std::to_string(capacita) + " thread=" + std::to_string(par.thread);
+                           " capacita=" + std::to_string(capacita) + " thread=" + std::to_string(par.thread) + " filtro=" + std::to_string(f != nullptr) + " tasti=" + std::to_string(tasti.size()) + " lotto=" + std::to_string(par.candidatiPerLotto);
         Esito atteso = Letterale(pron, k, f.get(), capacita, tasti, risposte, costo);
         Esito ottenuto = Veloce(pron, k, f, capacita, tasti, risposte, costo, par);
         Confronta(ottenuto, atteso, nome);
