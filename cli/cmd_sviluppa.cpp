@@ -1,6 +1,7 @@
 // zefiranto-cli sviluppa: develops a forecast and prints the count (and the columns).
 #include "cli/comandi.h"
 #include "cli/sviluppo_cli.h"
+#include "core/form20.h"
 #include "core/giocate.h"
 
 #include <iostream>
@@ -11,6 +12,7 @@ namespace {
 struct Opzioni {
     OpzioniSviluppo sviluppo;
     bool colonne = false;
+    bool visualizza = false;
 };
 
 RegistraComando registra("sviluppa", [](CLI::App& app) -> Esecuzione {
@@ -18,13 +20,24 @@ RegistraComando registra("sviluppa", [](CLI::App& app) -> Esecuzione {
     auto* sub = app.add_subcommand("sviluppa", "sviluppa il pronostico in colonne");
     AggiungiOpzioniSviluppo(sub, o->sviluppo);
     sub->add_flag("--colonne", o->colonne, "stampa le colonne");
+    sub->add_flag("--visualizza", o->visualizza, "costruisce la lista delle giocate (VISUALIZZA)");
+
     return [o]() {
         Sistema s;
         InterfacciaScriptata ui;
         Sviluppa(s, ui, o->sviluppo);
-        for (auto& b : ui.box) std::cerr << (b.titolo.empty() ? "" : b.titolo + ": ") << b.testo << "\n";
+        bool pieno = false;
+        for (auto& b : ui.box)
+            if (b.testo == Form20::MessaggioNonSviluppabile) throw InputNonValido(b.testo);
+        for (auto& b : ui.box) {
+            std::cerr << (b.titolo.empty() ? "" : b.titolo + ": ") << b.testo << "\n";
+            pieno = pieno || b.titolo == "MEMORIA ESAURITA";
+        }
         std::cout << s.pannelli[0] << "\n";
         std::cout << "ESAMINATE: " << s.ColonneEsaminate << "\n";
+        if (pieno) std::cout << "MEMORIA ESAURITA\n";
+        if (o->visualizza && s.NumColonne > 0) Visualizza(s, ui);
+
         if (o->colonne) {
             std::string riga;
             for (int64_t c = 1; c <= s.NumColonne; ++c) {
@@ -37,4 +50,5 @@ RegistraComando registra("sviluppa", [](CLI::App& app) -> Esecuzione {
 });
 
 }  // namespace
+
 }  // namespace zef::cli

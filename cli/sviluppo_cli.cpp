@@ -12,7 +12,7 @@ namespace zef::cli {
 
 void AggiungiOpzioniSviluppo(CLI::App* app, OpzioniSviluppo& o, bool obbligatorio) {
     app->add_option("-p,--pronostico", o.pronostico, "numeri del pronostico: \"1,5,9\" o \"1-40\"")->required();
-    auto* k = app->add_option("-k,--sviluppo", o.sviluppo, "numeri per colonna (2..10) o nome: TERZINE, CINQUINE...");
+    auto* k = app->add_option("-k,--k,--sviluppo", o.sviluppo, "numeri per colonna (2..10) o nome: TERZINE, CINQUINE...");
     if (obbligatorio) k->required();
     app->add_option("-f,--fisse", o.fisse, "numeri fissi, come il pronostico");
     app->add_option("-d,--distanza", o.distanza, "distanza minima in unità");
