@@ -16,7 +16,9 @@ struct Sistema;
 
 constexpr const char* FiltroFileSistema = "Zefiranto files|*.zfr";
 
-// Writes the sistema to `percorso`. Raises ErroreEsecuzione when the file cannot be written.
+// Writes the sistema to `percorso` (the forms and the streaming are in
+// files/formato_lista.h). Raises ErroreEsecuzione when the file cannot be written;
+// the file that was there stays as it was then.
 void ScriviSistema(const Sistema& s, const std::string& percorso);
 // Reads a file into the sistema (the steps of a load between the dialog and the
 // closing steps). Raises ErroreEsecuzione at the first value it cannot read; the
