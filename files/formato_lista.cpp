@@ -221,14 +221,14 @@ std::string_view LettoreLista::campo(bool comeTesto) {
     auto finoAlDelimitatore = [&] {
         while (pos_ < lunghezza_ && dati_[pos_] != ',' && dati_[pos_] != '\r' && dati_[pos_] != '\n') ++pos_;
     };
-    if (dati_[pos_] == '"') {
+    const bool quotato = dati_[pos_] == '"';
+    if (quotato) {
         size_t inizio = ++pos_;
         const void* q = std::memchr(dati_ + pos_, '"', lunghezza_ - pos_);
         pos_ = q ? static_cast<size_t>(static_cast<const char*>(q) - dati_) : lunghezza_;
         v = std::string_view(dati_ + inizio, pos_ - inizio);
         if (pos_ < lunghezza_) ++pos_;
         finoAlDelimitatore();  // whatever follows the closing quote is passed over
-        if (!comeTesto) throw errori::tipoNonCorrispondente();
     } else {
         size_t inizio = pos_;
         finoAlDelimitatore();
@@ -246,6 +246,7 @@ std::string_view LettoreLista::campo(bool comeTesto) {
             ++pos_;
         }
     }
+    if (quotato && !comeTesto) throw errori::tipoNonCorrispondente();
     return v;
 }
 

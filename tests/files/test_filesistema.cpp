@@ -187,7 +187,9 @@ TEST(FileSistema, FileCattiviSiFermanoDoveSonoSenzaCrollare) {
         if (taglio == 0 || b.compare(taglio - 2, 2, "\r\n") == 0) EXPECT_EQ(ui.box[0].testo, fine) << taglio;
         else EXPECT_TRUE(ui.box[0].testo == fine || ui.box[0].testo == forma) << taglio << ui.box[0].testo;
         EXPECT_NE(s.titolo.substr(0, 26), "Zefiranto 2.0 -  SISTEMA: ") << taglio;
-        if (taglio > 90 * 3) EXPECT_EQ(s.Label2, "5") << taglio;  // the pad read stays
+        if (taglio > 90 * 3) {
+            EXPECT_EQ(s.Label2, "5") << taglio;  // the pad read stays
+        }
     }
     // a count far beyond the rows present
     {
