@@ -101,9 +101,8 @@ void NienteOltreLeColonne(Sistema& s, InterfacciaScriptata& ui, const std::strin
     if (s.NumRidotte > 0 && s.ColonneRidotte.k() > 0) {
         EXPECT_LE(s.NumRidotte, s.ColonneRidotte.capacita());
     }
-    EseguiEvento(ui, [&] { Salva(s, ui); });
     std::string vecchio = s.FileName;
-    s.FileName = altrove;
+    s.FileName = altrove;  // a new name each time: no file is replaced
     EseguiEvento(ui, [&] { Salva(s, ui); });
     s.FileName = vecchio;
     EseguiEvento(ui, [&] { Visualizza(s, ui); });
@@ -223,7 +222,7 @@ TEST(ApriSalva, TagliatoAOgniByteSiFermaDoveStaESenzaCrolli) {
             EXPECT_EQ(std::string(reinterpret_cast<const char*>(t.colonne.dati()), 12),
                       std::string(reinterpret_cast<const char*>(s.colonne.dati()), 12));
         }
-        NienteOltreLeColonne(t, ui, c.file("dopo.zfr"));
+        NienteOltreLeColonne(t, ui, c.file("dopo" + std::to_string(taglio) + ".zfr"));
     }
 }
 
@@ -261,7 +260,7 @@ TEST(ApriSalva, FileEstraneiDannoUnErroreENonCrollano) {
         EXPECT_EQ(ui.box[0].testo.rfind("Si è verificato l'errore seguente: ", 0), 0u) << nome;
         EXPECT_EQ(t.titolo, titoli::NonSalvato) << nome;
         EXPECT_FALSE(ui.clessidraAttiva);
-        NienteOltreLeColonne(t, ui, c.file("dopo.zfr"));
+        NienteOltreLeColonne(t, ui, c.file("dopo_" + nome + ".zfr"));
     }
 }
 
