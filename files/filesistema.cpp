@@ -58,11 +58,11 @@ void LeggiColonne(LettoreLista& r, Barra& barra, Colonne& c, int64_t quante, int
     }
 }
 
-// A count of columns is taken only when the store can hold that many: a foreign
+// A count of columns is taken only when a store can hold that many: a foreign
 // file must not leave a count that later commands would walk past the store with.
-int32_t Conteggio(LettoreLista& r, int k) {
+int32_t Conteggio(LettoreLista& r) {
     long long n = r.intero(INT32_MIN, INT32_MAX);
-    if (n < 0 || (k > 0 && n > Colonne::CapacitaSviluppo)) throw errori::indiceFuoriIntervallo();
+    if (n < 0 || n > Colonne::CapacitaSviluppo) throw errori::indiceFuoriIntervallo();
     return static_cast<int32_t>(n);
 }
 
@@ -122,11 +122,11 @@ void LeggiSistema(Sistema& s, Interfaccia& ui, const std::string& percorso) {
     s.SviluppoK = static_cast<int16_t>(k);
     s.colonne.dimensiona(static_cast<int>(k));
 
-    s.NumColonne = Conteggio(r, static_cast<int>(k));
+    s.NumColonne = Conteggio(r);
     if (s.NumColonne > 0) s.PronosticoNonSviluppato = false;
     LeggiColonne(r, barra, s.colonne, s.NumColonne, static_cast<int>(k));
 
-    int32_t ridotte = Conteggio(r, static_cast<int>(k));
+    int32_t ridotte = Conteggio(r);
     if (ridotte > 0) s.ColonneRidotte.dimensiona(static_cast<int>(k), ridotte);
     s.NumRidotte = ridotte;
     LeggiColonne(r, barra, s.ColonneRidotte, s.NumRidotte, static_cast<int>(k));

@@ -310,6 +310,7 @@ TEST(ApriSalva, ConteggiCheIlDepositoNonRegge) {
     const std::vector<Caso> casi = {
         {"3\r\n30000000\r\n", "Indice non incluso nell'intervallo"},
         {"3\r\n-1\r\n", "Indice non incluso nell'intervallo"},
+        {"0\r\n30000000\r\n", "Indice non incluso nell'intervallo"},  // even with no numbers a column
         {"3\r\n0\r\n20000001\r\n", "Indice non incluso nell'intervallo"},
         {"3\r\n0\r\n-7\r\n", "Indice non incluso nell'intervallo"},
         {"11\r\n", "Memoria esaurita"},
