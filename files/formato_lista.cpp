@@ -69,8 +69,13 @@ ScrittoreLista::ScrittoreLista(const std::string& percorso) : percorso_(percorso
     struct stat st {};
     bool esiste = ::stat(percorso.c_str(), &st) == 0;
     if (esiste && S_ISDIR(st.st_mode)) throw ErroreFile(EISDIR, true);
-    temporaneo_ = percorso + ".~zfr";
-    fd_ = Apri(temporaneo_);
+    // a link is written through, not replaced by a file of its own
+    struct stat sl {};
+    bool collegamento = ::lstat(percorso.c_str(), &sl) == 0 && S_ISLNK(sl.st_mode);
+    if (!collegamento) {
+        temporaneo_ = percorso + ".~zfr";
+        fd_ = Apri(temporaneo_);
+    }
     if (fd_ >= 0) {
         if (esiste) (void)::fchmod(fd_, st.st_mode & 07777);  // the file keeps its permissions
     } else {

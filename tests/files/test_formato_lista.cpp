@@ -252,6 +252,16 @@ TEST(FormatoLista, UnSalvataggioFallitoLasciaIlFileDiPrimaEdErroriDelRunTime) {
     ASSERT_EQ(::stat(f.c_str(), &st), 0);
     EXPECT_EQ(st.st_mode & 0777, 0640u);  // the replaced file keeps its permissions
 
+    // a link to the file stays a link, and the file behind it gets the values
+    std::filesystem::create_symlink(f, c.file("link.zfr"));
+    {
+        ScrittoreLista w(c.file("link.zfr"));
+        w.intero(4);
+        w.chiudi();
+    }
+    EXPECT_TRUE(fs::is_symlink(c.file("link.zfr")));
+    EXPECT_EQ(Leggi(f), "4\r\n");
+
     EXPECT_EQ(Errore([&] { ScrittoreLista w(c.file("manca/x.zfr")); }), 76);
     EXPECT_EQ(Errore([&] { ScrittoreLista w(c.p.string()); }), 75);
     EXPECT_EQ(Errore([&] { FileInLettura r(c.file("manca.zfr")); }), errori::FileNonTrovato);
