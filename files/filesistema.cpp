@@ -95,7 +95,7 @@ void ScriviSistema(const Sistema& s, const std::string& percorso) {
 
 void LeggiSistema(Sistema& s, Interfaccia& ui, const std::string& percorso) {
     FileInLettura file(percorso);
-    LettoreLista r(file.dati(), file.lunghezza());
+    LettoreLista r(file.fd(), file.lunghezza());
     Barra barra(ui, r);
 
     int conta = 0;

@@ -1,10 +1,10 @@
 #include "files/formato_lista.h"
 
 #include <fcntl.h>
-#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
@@ -59,7 +59,7 @@ constexpr std::array<RigaNumero, 256> TabellaNumeri = [] {
     return t;
 }();
 
-int Apri(const std::string& p) { return ::open(p.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666); }
+int ApriInScrittura(const std::string& p) { return ::open(p.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666); }
 
 }  // namespace
 
@@ -74,13 +74,13 @@ ScrittoreLista::ScrittoreLista(const std::string& percorso) : percorso_(percorso
     bool collegamento = ::lstat(percorso.c_str(), &sl) == 0 && S_ISLNK(sl.st_mode);
     if (!collegamento) {
         temporaneo_ = percorso + ".~zfr";
-        fd_ = Apri(temporaneo_);
+        fd_ = ApriInScrittura(temporaneo_);
     }
     if (fd_ >= 0) {
         if (esiste) (void)::fchmod(fd_, st.st_mode & 07777);  // the file keeps its permissions
     } else {
         temporaneo_.clear();
-        fd_ = Apri(percorso);
+        fd_ = ApriInScrittura(percorso);
         if (fd_ < 0) throw ErroreFile(errno, true);
     }
     buf_.resize(Blocco);
@@ -219,40 +219,78 @@ bool NumeroIntero(std::string_view c, long long& v) {
 
 }  // namespace
 
+LettoreLista::LettoreLista(const char* dati, size_t lunghezza)
+    : dati_(dati), lunghezza_(lunghezza), totale_(lunghezza) {}
+
+LettoreLista::LettoreLista(int fd, size_t lunghezzaFile, size_t blocco)
+    : dati_(nullptr), lunghezza_(0), totale_(lunghezzaFile), fd_(fd), fine_(false) {
+    buf_.resize(std::max<size_t>(blocco, 1));
+    dati_ = buf_.data();
+}
+
+bool LettoreLista::riempi() {
+    if (fine_) return false;
+    const size_t resto = lunghezza_ - pos_;
+    if (pos_ > 0 && resto > 0) std::memmove(buf_.data(), buf_.data() + pos_, resto);
+    base_ += pos_;
+    pos_ = 0;
+    lunghezza_ = resto;
+    if (lunghezza_ == buf_.size()) buf_.resize(buf_.size() * 2);  // a field longer than the buffer
+    for (;;) {
+        ssize_t n = ::read(fd_, buf_.data() + lunghezza_, buf_.size() - lunghezza_);
+        if (n < 0 && errno == EINTR) continue;
+        if (n < 0) throw ErroreFile(errno, false);
+        if (n == 0) fine_ = true;
+        lunghezza_ += static_cast<size_t>(n);
+        break;
+    }
+    dati_ = buf_.data();
+    return true;
+}
+
 std::string_view LettoreLista::campo(bool comeTesto) {
-    while (pos_ < lunghezza_ && (dati_[pos_] == ' ' || dati_[pos_] == '\t')) ++pos_;
-    if (pos_ >= lunghezza_) throw errori::inputOltreFine();
-    std::string_view v;
-    auto finoAlDelimitatore = [&] {
-        while (pos_ < lunghezza_ && dati_[pos_] != ',' && dati_[pos_] != '\r' && dati_[pos_] != '\n') ++pos_;
-    };
-    const bool quotato = dati_[pos_] == '"';
-    if (quotato) {
-        size_t inizio = ++pos_;
-        const void* q = std::memchr(dati_ + pos_, '"', lunghezza_ - pos_);
-        pos_ = q ? static_cast<size_t>(static_cast<const char*>(q) - dati_) : lunghezza_;
-        v = std::string_view(dati_ + inizio, pos_ - inizio);
-        if (pos_ < lunghezza_) ++pos_;
-        finoAlDelimitatore();  // whatever follows the closing quote is passed over
-    } else {
-        size_t inizio = pos_;
-        finoAlDelimitatore();
-        size_t fine = pos_;
-        while (fine > inizio && (dati_[fine - 1] == ' ' || dati_[fine - 1] == '\t')) --fine;
-        v = std::string_view(dati_ + inizio, fine - inizio);
-    }
-    if (pos_ < lunghezza_) {
-        if (dati_[pos_] == ',') {
-            ++pos_;
-        } else if (dati_[pos_] == '\r') {
-            ++pos_;
-            if (pos_ < lunghezza_ && dati_[pos_] == '\n') ++pos_;
-        } else if (dati_[pos_] == '\n') {
-            ++pos_;
+    auto delimitatore = [](char c) { return c == ',' || c == '\r' || c == '\n'; };
+    // Parsed from the start again whenever the buffer ends before the field does.
+    for (;;) {
+        const char* d = dati_;
+        const size_t n = lunghezza_;
+        size_t i = pos_;
+        while (i < n && (d[i] == ' ' || d[i] == '\t')) ++i;
+        if (i >= n) {
+            if (riempi()) continue;
+            throw errori::inputOltreFine();
         }
+        const bool quotato = d[i] == '"';
+        size_t a, b;
+        if (quotato) {
+            a = ++i;
+            const void* q = std::memchr(d + i, '"', n - i);
+            if (!q && riempi()) continue;
+            b = q ? static_cast<size_t>(static_cast<const char*>(q) - d) : n;
+            i = q ? b + 1 : n;
+            while (i < n && !delimitatore(d[i])) ++i;  // whatever follows the closing quote is passed over
+        } else {
+            a = i;
+            while (i < n && !delimitatore(d[i])) ++i;
+            b = i;
+            while (b > a && (d[b - 1] == ' ' || d[b - 1] == '\t')) --b;
+        }
+        if (i >= n && riempi()) continue;
+        if (i < n) {
+            if (d[i] == ',') {
+                ++i;
+            } else if (d[i] == '\r') {
+                ++i;
+                if (i >= n && riempi()) continue;
+                if (i < n && d[i] == '\n') ++i;
+            } else {
+                ++i;  // '\n'
+            }
+        }
+        pos_ = i;
+        if (quotato && !comeTesto) throw errori::tipoNonCorrispondente();
+        return std::string_view(d + a, b - a);
     }
-    if (quotato && !comeTesto) throw errori::tipoNonCorrispondente();
-    return v;
 }
 
 long long LettoreLista::intero(long long minimo, long long massimo) {
@@ -287,6 +325,7 @@ std::string LettoreLista::testo() {
 
 void LettoreLista::numeri(uint8_t* dest, int64_t quante) {
     for (int64_t i = 0; i < quante; ++i) {
+        anticipa(16);
         // the plain line: one to three digits and CRLF
         const char* d = dati_ + pos_;
         const size_t r = lunghezza_ - pos_;
@@ -332,53 +371,25 @@ bool LettoreLista::rigaSemplice(ListaGiocate& lista) {
     return true;
 }
 
-// ---- file in memory -----------------------------------------------------------------
+// ---- file for input -----------------------------------------------------------------
 
 FileInLettura::FileInLettura(const std::string& percorso) {
-    int fd = ::open(percorso.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) throw ErroreFile(errno, false);
+    fd_ = ::open(percorso.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd_ < 0) throw ErroreFile(errno, false);
     struct stat st {};
-    if (::fstat(fd, &st) != 0) {
-        int e = errno;
-        ::close(fd);
-        throw ErroreFile(e, false);
+    int errore = 0;
+    if (::fstat(fd_, &st) != 0) errore = errno;
+    else if (S_ISDIR(st.st_mode)) errore = EISDIR;
+    if (errore) {
+        ::close(fd_);
+        throw ErroreFile(errore, false);
     }
-    if (S_ISDIR(st.st_mode)) {
-        ::close(fd);
-        throw ErroreFile(EISDIR, false);
+    if (S_ISREG(st.st_mode)) {
+        lunghezza_ = static_cast<size_t>(st.st_size);
+        ::posix_fadvise(fd_, 0, 0, POSIX_FADV_SEQUENTIAL);
     }
-    if (S_ISREG(st.st_mode) && st.st_size > 0) {
-        // populated up front: one pass of the kernel instead of a fault a page
-        void* p = ::mmap(nullptr, static_cast<size_t>(st.st_size), PROT_READ, MAP_PRIVATE | MAP_POPULATE, fd, 0);
-        if (p != MAP_FAILED) {
-            ::madvise(p, static_cast<size_t>(st.st_size), MADV_SEQUENTIAL);
-            dati_ = static_cast<const char*>(p);
-            lunghezza_ = static_cast<size_t>(st.st_size);
-            mappato_ = true;
-            ::close(fd);
-            return;
-        }
-    }
-    // not mappable (a pipe, a special file): read it through
-    char blocco[1 << 16];
-    for (;;) {
-        ssize_t n = ::read(fd, blocco, sizeof blocco);
-        if (n < 0 && errno == EINTR) continue;
-        if (n < 0) {
-            int e = errno;
-            ::close(fd);
-            throw ErroreFile(e, false);
-        }
-        if (n == 0) break;
-        copia_.insert(copia_.end(), blocco, blocco + n);
-    }
-    ::close(fd);
-    dati_ = copia_.data();
-    lunghezza_ = copia_.size();
 }
 
-FileInLettura::~FileInLettura() {
-    if (mappato_) ::munmap(const_cast<char*>(dati_), lunghezza_);
-}
+FileInLettura::~FileInLettura() { ::close(fd_); }
 
 }  // namespace zef

@@ -62,17 +62,23 @@ private:
     size_t usati_ = 0;
 };
 
-// Reader over the bytes of a whole file, one field at a time as `Input #` reads
-// it: blanks skipped, a quoted text up to the next quote, anything else up to a
-// comma or the end of the line (CRLF, CR or LF). Running past the end raises
-// error 62; a field of another form raises error 13; a number out of its type, 6.
+// Reader of one field at a time as `Input #` reads it: blanks skipped, a quoted
+// text up to the next quote, anything else up to a comma or the end of the line
+// (CRLF, CR or LF). Running past the end raises error 62; a field of another form
+// raises error 13; a number out of its type, 6.
+//
+// It reads either bytes already in memory or a file streamed through a buffer of
+// `blocco` bytes (grown only for a field longer than that); a field that crosses
+// the end of the buffer is parsed again once the buffer holds it.
 class LettoreLista {
 public:
-    LettoreLista(const char* dati, size_t lunghezza) : dati_(dati), lunghezza_(lunghezza) {}
+    LettoreLista(const char* dati, size_t lunghezza);
+    // `fd` stays the caller's; `lunghezzaFile` is for the progress bar and reserves only.
+    LettoreLista(int fd, size_t lunghezzaFile, size_t blocco = size_t{1} << 20);
 
-    size_t lunghezza() const { return lunghezza_; }
-    size_t posizione() const { return pos_; }
-    size_t restanti() const { return lunghezza_ - pos_; }
+    size_t lunghezza() const { return totale_; }
+    size_t posizione() const { return base_ + pos_; }
+    size_t restanti() const { return totale_ > posizione() ? totale_ - posizione() : 0; }
 
     long long intero(long long minimo, long long massimo);
     bool booleano();
@@ -93,21 +99,33 @@ private:
     std::string_view campo(bool comeTesto);
     // The straight path of one row; false leaves the position untouched.
     bool rigaSemplice(ListaGiocate& lista);
+    // Moves the unread bytes to the front and reads more after them. False when
+    // the input had already ended; after a true every offset into the buffer is stale.
+    bool riempi();
+    void anticipa(size_t n) {
+        if (lunghezza_ - pos_ < n && !fine_) riempi();
+    }
 
     const char* dati_;
-    size_t lunghezza_;
-    size_t pos_ = 0;
+    size_t lunghezza_;  // bytes in the buffer
+    size_t pos_ = 0;    // in the buffer
+    size_t base_ = 0;   // offset in the input of the buffer's first byte
+    size_t totale_;
+    int fd_ = -1;
+    bool fine_ = true;  // nothing more to read beyond the buffer
+    std::vector<char> buf_;
 };
 
 template <class F>
 void LettoreLista::righe(ListaGiocate& lista, long long quante, F&& ogni) {
     for (long long i = 1; i <= quante; ++i) {
+        anticipa(4096);
         if (!rigaSemplice(lista)) lista.AddItem(testo());
         if ((i & 1023) == 0) ogni();
     }
 }
 
-// A whole file in memory for reading: mapped where the system allows it.
+// A file opened for input, with its length (0 for what is not a regular file).
 class FileInLettura {
 public:
     explicit FileInLettura(const std::string& percorso);
@@ -115,14 +133,12 @@ public:
     FileInLettura(const FileInLettura&) = delete;
     FileInLettura& operator=(const FileInLettura&) = delete;
 
-    const char* dati() const { return dati_; }
+    int fd() const { return fd_; }
     size_t lunghezza() const { return lunghezza_; }
 
 private:
-    const char* dati_ = nullptr;
+    int fd_ = -1;
     size_t lunghezza_ = 0;
-    bool mappato_ = false;
-    std::vector<char> copia_;
 };
 
 }  // namespace zef

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -270,7 +271,87 @@ TEST(FormatoLista, UnSalvataggioFallitoLasciaIlFileDiPrimaEdErroriDelRunTime) {
         std::ofstream(c.file("vuoto.zfr"));
         FileInLettura r(c.file("vuoto.zfr"));
         EXPECT_EQ(r.lunghezza(), 0u);
-        LettoreLista l(r.dati(), r.lunghezza());
+        LettoreLista l(r.fd(), r.lunghezza());
         EXPECT_EQ(Errore([&] { l.intero(0, 1); }), errori::InputOltreFine);
+    }
+}
+
+namespace {
+
+// One step of a load: which read, and what came of it.
+struct Passo {
+    int errore = 0;
+    size_t posizione = 0;
+    std::string valore;
+};
+
+// A random sequence of reads, the same for both readers (the seed decides it).
+std::vector<Passo> Leggi(LettoreLista& r, uint32_t seme) {
+    std::mt19937 rng(seme);
+    std::vector<Passo> passi;
+    for (int i = 0; i < 30; ++i) {
+        Passo p;
+        const int tipo = static_cast<int>(rng() % 6);
+        const int quanti = 1 + static_cast<int>(rng() % 9);
+        p.errore = Errore([&] {
+            switch (tipo) {
+                case 0: p.valore = std::to_string(r.intero(-100000, 100000)); break;
+                case 1: p.valore = r.testo(); break;
+                case 2: p.valore = r.booleano() ? "V" : "F"; break;
+                case 3: p.valore = r.valuta().testoPunto(); break;
+                case 4: {
+                    std::vector<uint8_t> v(quanti);
+                    try {
+                        r.numeri(v.data(), quanti);
+                    } catch (...) {
+                        p.valore.assign(v.begin(), v.end());
+                        throw;
+                    }
+                    p.valore.assign(v.begin(), v.end());
+                    break;
+                }
+                default: {
+                    ListaGiocate l;
+                    try {
+                        r.righe(l, quanti, [] {});
+                    } catch (...) {
+                        for (int64_t j = 0; j < l.Rows(); ++j) p.valore += std::string(l.riga(j)) + "|";
+                        throw;
+                    }
+                    for (int64_t j = 0; j < l.Rows(); ++j) p.valore += std::string(l.riga(j)) + "|";
+                }
+            }
+        });
+        p.posizione = r.posizione();
+        passi.push_back(p);
+        if (p.errore == errori::InputOltreFine) break;
+    }
+    return passi;
+}
+
+}  // namespace
+
+TEST(FormatoLista, LetturaAPezziDaUnFileComeDallaMemoria) {
+    Cartella c;
+    std::mt19937 rng(21);
+    for (int prova = 0; prova < 600; ++prova) {
+        std::string b = Disordine(rng, 5 + static_cast<int>(rng() % 60));
+        if (prova % 5 == 0) b += "\"" + std::string(50 + rng() % 200, 'x') + "\"\r\n";  // longer than the buffer
+        const std::string f = c.file("p.txt");
+        {
+            std::ofstream(f, std::ios::binary) << b;
+        }
+        const uint32_t seme = static_cast<uint32_t>(rng());
+        LettoreLista m(b.data(), b.size());
+        auto attesi = Leggi(m, seme);
+        FileInLettura file(f);
+        LettoreLista s(file.fd(), file.lunghezza(), 1 + rng() % 9);  // a buffer of 1 to 9 bytes
+        auto letti = Leggi(s, seme);
+        ASSERT_EQ(letti.size(), attesi.size()) << prova;
+        for (size_t i = 0; i < attesi.size(); ++i) {
+            ASSERT_EQ(letti[i].errore, attesi[i].errore) << prova << ' ' << i;
+            ASSERT_EQ(letti[i].valore, attesi[i].valore) << prova << ' ' << i;
+            ASSERT_EQ(letti[i].posizione, attesi[i].posizione) << prova << ' ' << i;
+        }
     }
 }
