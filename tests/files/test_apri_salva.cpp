@@ -264,6 +264,23 @@ TEST(ApriSalva, FileEstraneiDannoUnErroreENonCrollano) {
     }
 }
 
+TEST(ApriSalva, UnaCasellaDelDialogoConUnValoreCheNonPuoAvere) {
+    Cartella c;
+    Sistema buono;
+    ImpostaPronostico(buono, {1, 2});
+    std::string b = ScritturaLetterale(buono);
+    const size_t check1 = DopoRighe(b, 90 + 1 + 3 + 1 + 1 + 1 + 1 + 11);  // after the options
+    b.replace(check1, 1, "3");
+    ScriviFile(c.file("c.zfr"), b);
+    Sistema t;
+    InterfacciaScriptata ui;
+    ui.fileApri.push_back(c.file("c.zfr"));
+    Apri(t, ui);
+    ASSERT_EQ(ui.box.size(), 1u);
+    EXPECT_EQ(ui.box[0].testo, "Si è verificato l'errore seguente: Valore della proprietà non valido");
+    EXPECT_EQ(t.form2.Check[1], 0);
+}
+
 TEST(ApriSalva, RigheVuoteSonoZeriETestiVuotiEdUnaVirgolettaTaglia) {
     Cartella c;
     // empty lines read as 0 and as empty texts, the way the input statement takes
