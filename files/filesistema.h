@@ -25,12 +25,23 @@ void ScriviSistema(const Sistema& s, const std::string& percorso);
 // values read before it stay.
 void LeggiSistema(Sistema& s, Interfaccia& ui, const std::string& percorso);
 
-// The menu commands, with their dialogs, titles, flags and error boxes.
+// The menu and toolbar commands of the main window, each under its own error
+// trap: a cancelled dialog passes in silence, any other error shows one box
+// "Si è verificato l'errore seguente: " and the error's text. None of them raises.
+//
+// SalvaConNome: the save dialog (the view asks before overwriting), then the file;
+//   the name chosen becomes FileName, the title "Zefiranto 2.0 -  SISTEMA: " and
+//   the name, SistemaSalvato and SalvaAbilitato True, PercentualiValide False.
+// Salva: the same on FileName without a dialog; with no name it does nothing.
+// Apri: the save prompt when SistemaSalvato is False, the open dialog, the load
+//   with the main bar, the list's count and price, the reduction dialog's option,
+//   title and flags; the name chosen stays FileName even when the load fails.
 void SalvaConNome(Sistema& s, Interfaccia& ui);
 void Salva(Sistema& s, Interfaccia& ui);
 void Apri(Sistema& s, Interfaccia& ui);
 
-// The save prompt: "Vuoi salvare il sistema ?", and on Yes SalvaConNome.
+// The save prompt of Apri, New and Exit: "Vuoi salvare il sistema ?" (title
+// "ATTENZIONE", exclamation, Yes/No), and on Yes SalvaConNome. There is no Cancel.
 void ChiediSalvataggio(Sistema& s, Interfaccia& ui);
 
 }  // namespace zef
