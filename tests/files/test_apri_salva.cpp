@@ -425,6 +425,12 @@ TEST(ApriSalva, CaricareToccaSoloCioCheIlFileTiene) {
     t.NumeriFissi = {0, 3, 9, 0, 0, 0, 0};
     bool condizioni = false;
     t.ResettaCondizioni = [&] { condizioni = true; };
+    struct Filtro : FiltroColonna {
+        bool accetta(const uint8_t*, const int*, int) const override { return true; }
+        std::unique_ptr<FiltroColonna> clona() const override { return std::make_unique<Filtro>(); }
+    };
+    auto filtro = std::make_shared<Filtro>();
+    t.filtro = filtro;
     t.MSFlexGrid1.AddItem(" 1  2");
     t.NumCombinazioni = 99;
     ui.fileApri.push_back(c.file("p.zfr"));
@@ -439,6 +445,7 @@ TEST(ApriSalva, CaricareToccaSoloCioCheIlFileTiene) {
     EXPECT_EQ(t.NumFissi, 2);                   // fixed numbers and conditions stay
     EXPECT_EQ(t.NumeriFissi, (std::vector<int16_t>{0, 3, 9, 0, 0, 0, 0}));
     EXPECT_FALSE(condizioni);
+    EXPECT_EQ(t.filtro, filtro);  // the conditions in force stay
     EXPECT_EQ(t.NumeriColonnaMax, 8);
 }
 
