@@ -115,21 +115,21 @@ void ScrittoreLista::intero(long long v) {
     usati_ = static_cast<size_t>(f - buf_.data());
 }
 
-void ScrittoreLista::testo(std::string_view utf8) {
-    std::string conv;
-    if (!SoloAscii(utf8)) {
-        conv = Utf8InCp1252(utf8);
-        utf8 = conv;
-    }
-    spazio(utf8.size() + 4);
+void ScrittoreLista::quotato(std::string_view cp1252) {
+    spazio(cp1252.size() + 4);
     char* d = buf_.data() + usati_;
     *d++ = '"';
-    std::memcpy(d, utf8.data(), utf8.size());
-    d += utf8.size();
+    std::memcpy(d, cp1252.data(), cp1252.size());
+    d += cp1252.size();
     *d++ = '"';
     *d++ = '\r';
     *d++ = '\n';
     usati_ = static_cast<size_t>(d - buf_.data());
+}
+
+void ScrittoreLista::testo(std::string_view utf8) {
+    if (SoloAscii(utf8)) quotato(utf8);
+    else quotato(Utf8InCp1252(utf8));
 }
 
 void ScrittoreLista::booleano(bool b) {
@@ -166,22 +166,7 @@ void ScrittoreLista::colonne(const uint8_t* primo, int64_t quante, int k, int pa
 
 void ScrittoreLista::righe(const ListaGiocate& lista) {
     const int64_t n = lista.Rows();
-    for (int64_t r = 0; r < n; ++r) {
-        std::string_view t = lista.riga(r);
-        if (!SoloAscii(t)) {
-            testo(t);
-            continue;
-        }
-        spazio(t.size() + 4);
-        char* d = buf_.data() + usati_;
-        *d++ = '"';
-        std::memcpy(d, t.data(), t.size());
-        d += t.size();
-        *d++ = '"';
-        *d++ = '\r';
-        *d++ = '\n';
-        usati_ = static_cast<size_t>(d - buf_.data());
-    }
+    for (int64_t r = 0; r < n; ++r) testo(lista.riga(r));
 }
 
 void ScrittoreLista::chiudi() {

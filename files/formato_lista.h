@@ -55,6 +55,7 @@ private:
         if (usati_ + n > buf_.size()) svuota(n);
     }
     void svuota(size_t serve = 0);
+    void quotato(std::string_view cp1252);
     int fd_ = -1;
     std::string percorso_;
     std::string temporaneo_;  // empty: writing straight onto the name
