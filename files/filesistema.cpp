@@ -7,6 +7,7 @@
 #include "files/formato_lista.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <new>
 #include <stdexcept>
 
@@ -22,12 +23,15 @@ void ScriviColonne(ScrittoreLista& w, const Colonne& c, int64_t quante, int k) {
     w.colonne(c.dati(), quante, k, c.k());
 }
 
+double MassimoBarra(size_t lunghezza) { return static_cast<double>(std::max<size_t>(1, lunghezza / 128)); }
+
 // The bar of the main window follows the position in 128-byte units, less one;
-// it is refreshed only when that value moves by a visible step.
+// it is refreshed only when that value moves by a visible step. Its maximum is
+// never 0: a bar with no range would show as busy.
 class Barra {
 public:
     Barra(Interfaccia& ui, const LettoreLista& r)
-        : ui_(ui), r_(r), massimo_(static_cast<double>(r.lunghezza() / 128)),
+        : ui_(ui), r_(r), massimo_(MassimoBarra(r.lunghezza())),
           passo_(std::max<size_t>(128, r.lunghezza() / 200)) {
         ui_.barraPrincipale(0, massimo_, 0);
     }
@@ -245,8 +249,14 @@ void Apri(Sistema& s, Interfaccia& ui) {
         s.PercentualiValide = false;
         ui.clessidra(false);
     });
-    // whatever happened
-    ui.barraPrincipale(0, 0, 0);
+    // whatever happened: the bar back to 0, on the range of the file when there was one
+    double massimo = 100;
+    std::error_code e;
+    if (!s.FileName.empty()) {
+        auto n = std::filesystem::file_size(s.FileName, e);
+        if (!e) massimo = MassimoBarra(static_cast<size_t>(n));
+    }
+    ui.barraPrincipale(0, massimo, 0);
     s.NumeriColonnaMax = 8;
     if (Val(s.Label2) > 0) s.PronosticoDalPad();
 }

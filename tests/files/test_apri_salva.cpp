@@ -210,6 +210,7 @@ TEST(ApriSalva, TagliatoAOgniByteSiFermaDoveStaESenzaCrolli) {
         EXPECT_FALSE(ui.clessidraAttiva) << taglio;
         ASSERT_FALSE(ui.barra.empty());
         EXPECT_EQ(ui.barra.back().valore, 0) << taglio;
+        for (const auto& b : ui.barra) ASSERT_GT(b.massimo, b.minimo) << taglio;  // never a busy bar
         EXPECT_EQ(t.FileName, f);  // the name chosen stays the current one
         // what was read stays
         if (taglio >= finePad) {
@@ -497,7 +498,8 @@ TEST(ApriSalva, LaBarraSegueLaPosizioneInUnitaDi128Byte) {
         prima = ui.barra[i].valore;
     }
     EXPECT_GT(prima, massimo * 0.9);
-    EXPECT_EQ(ui.barra.back().valore, 0);  // back to 0 at the end
+    EXPECT_EQ(ui.barra.back().valore, 0);  // back to 0 at the end, on the same range
+    EXPECT_EQ(ui.barra.back().massimo, massimo);
     EXPECT_EQ(ui.clessidre, 1);
     EXPECT_FALSE(ui.clessidraAttiva);
 }
