@@ -13,7 +13,7 @@ namespace zef {
 
 const char* const PrefissiRuote[NumRuote] = {"Bari",   "Cagliari", "Firenze", "Genova",  "Milano",   "Napoli",
                                              "Palermo", "Roma",     "Torino",  "Venezia", "Nazionale"};
-const char* const NomiRuote[NumRuote] = {"BARI",    "CAGLIARI", "FIRENZE", "GENOVA",  "MILANO",   "NAPOLI",
+const char* const IntestazioniRuote[NumRuote] = {"BARI",    "CAGLIARI", "FIRENZE", "GENOVA",  "MILANO",   "NAPOLI",
                                          "PALERMO", "ROMA",     "TORINO",  "VENEZIA", "NAZIONALE"};
 const char* const CodiciRuote[NumRuote] = {"BA", "CA", "FI", "GE", "MI", "NA", "PA", "RM", "TO", "VE", "RN"};
 

@@ -9,6 +9,7 @@
 
 #include "archive/cursore.h"
 #include "core/errori.h"
+#include "core/vocabolario.h"
 
 #include <memory>
 #include <string>
@@ -26,9 +27,8 @@ struct ErroreArchivio : ErroreEsecuzione {
 };
 
 // The eleven wheels in the archive's order: field prefixes, headers, file codes.
-inline constexpr int NumRuote = 11;
 extern const char* const PrefissiRuote[NumRuote];  // "Bari" ... "Nazionale"
-extern const char* const NomiRuote[NumRuote];      // "BARI" ... "NAZIONALE"
+extern const char* const IntestazioniRuote[NumRuote];  // "BARI" ... "NAZIONALE"
 extern const char* const CodiciRuote[NumRuote];    // "BA" ... "RN" in the same order
 // Field name of wheel 1..11, position 1..5: "Bari1", "Nazionale5".
 std::string NomeCampo(int ruota, int posizione);

@@ -1,0 +1,84 @@
+// zefiranto-cli archivio importa / esporta / info: the draw archive from scripts.
+//
+// Without --archivio the program's own archive is used, made and filled from the
+// shipped draws when missing; --archivio naming a missing file makes an empty one.
+#include "archive/archivio.h"
+#include "archive/storico.h"
+#include "cli/comandi.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <fstream>
+#include <iostream>
+
+namespace zef::cli {
+namespace {
+
+struct OpzioniArchivio {
+    std::string archivio;
+    std::string file;
+    std::string uscita;
+};
+
+std::unique_ptr<ArchivioEstrazioni> Apri(const OpzioniArchivio& o) {
+    try {
+        return o.archivio.empty() ? ArchivioEstrazioni::ApriPredefinito() : ArchivioEstrazioni::ApriOCrea(o.archivio);
+    } catch (const ErroreArchivio& e) {
+        throw InputNonValido("Si è verificato l'errore seguente: " + e.testo());
+    }
+}
+
+// 'YYYY-MM-DD' as the historical file writes it.
+std::string DataStorica(const std::string& iso) {
+    std::string d = iso;
+    for (char& c : d)
+        if (c == '-') c = '/';
+    return d;
+}
+
+RegistraComando archivio("archivio", [](CLI::App& app) -> Esecuzione {
+    auto o = std::make_shared<OpzioniArchivio>();
+    auto* sub = app.add_subcommand("archivio", "archivio delle estrazioni: importa, esporta, info");
+    sub->require_subcommand(1);
+    auto* importa = sub->add_subcommand("importa", "importa un archivio storico (testo o .zip)");
+    importa->add_option("file", o->file, "file storico, una riga per ruota per estrazione")->required();
+    importa->add_option("--archivio", o->archivio, "archivio.db da usare");
+    auto* esporta = sub->add_subcommand("esporta", "scrive l'archivio nel formato storico, dalla più vecchia");
+    esporta->add_option("--archivio", o->archivio, "archivio.db da usare");
+    esporta->add_option("-o,--uscita", o->uscita, "file da scrivere (predefinito: standard output)");
+    auto* info = sub->add_subcommand("info", "numero di estrazioni, prima e ultima data");
+    info->add_option("--archivio", o->archivio, "archivio.db da usare");
+
+    return [o, importa, esporta, info]() {
+        auto a = Apri(*o);
+        if (importa->parsed()) {
+            EsitoImportazione e;
+            try {
+                e = ImportaFileStorico(*a, o->file);
+            } catch (const ErroreStorico& err) {
+                throw InputNonValido(err.what());
+            }
+            std::cout << "IMPORTATE: " << e.importate << "\nESTRAZIONI: " << e.totale << "\n";
+        } else if (esporta->parsed()) {
+            std::string testo = EsportaStorico(*a);
+            if (o->uscita.empty()) {
+                std::cout << testo;
+            } else {
+                std::ofstream f(o->uscita, std::ios::binary);
+                f << testo;
+                if (!f) throw InputNonValido("Impossibile scrivere il file " + o->uscita + ".");
+            }
+        } else if (info->parsed()) {
+            SQLite::Statement st(a->db(), "SELECT COUNT(*), MIN(data), MAX(data) FROM estrazioni");
+            st.executeStep();
+            std::cout << "ESTRAZIONI: " << st.getColumn(0).getInt64() << "\n";
+            if (st.getColumn(0).getInt64() > 0)
+                std::cout << "PRIMA: " << DataStorica(st.getColumn(1).getString())
+                          << "\nULTIMA: " << DataStorica(st.getColumn(2).getString()) << "\n";
+        }
+        return 0;
+    };
+});
+
+}  // namespace
+}  // namespace zef::cli
