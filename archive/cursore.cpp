@@ -200,6 +200,14 @@ Valore Cursore::campo(const std::string& nome) const {
     return righe_[pos_][i];
 }
 
+const Valore& Cursore::campo(int i) const {
+    if (i < 0 || i >= static_cast<int>(nomi_.size()))
+        throw errore(errori_archivio::ElementoNonTrovato, "Elemento non trovato in questo insieme.");
+    if (modo_ != Modo::Nessuno) return buffer_[i];
+    richiediRigaCorrente();
+    return righe_[pos_][i];
+}
+
 std::optional<int> Cursore::numero(const std::string& nome) const {
     auto n = campo(nome).numero();
     if (!n) return std::nullopt;

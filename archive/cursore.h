@@ -67,6 +67,8 @@ public:
 
     // Field by name (any case). A name not in the cursor raises 3265.
     Valore campo(const std::string& nome) const;
+    // Field by its index in campi(): for loops that read one field many times.
+    const Valore& campo(int indice) const;
     // The field as a number, nullopt for null: the common read of a draw.
     std::optional<int> numero(const std::string& nome) const;
     // Writes into the row being added or edited; on a current row, starts an edit.
