@@ -44,6 +44,7 @@ Risposta Get(const std::string& url, long secondi) {
     curl_easy_setopt(c, CURLOPT_TIMEOUT, secondi);
     curl_easy_setopt(c, CURLOPT_CONNECTTIMEOUT, 20L);
     curl_easy_setopt(c, CURLOPT_NOSIGNAL, 1L);
+    curl_easy_setopt(c, CURLOPT_NOPROXY, "127.0.0.1,localhost");  // loopback never goes through a proxy
     curl_easy_setopt(c, CURLOPT_ACCEPT_ENCODING, "");
     curl_easy_setopt(c, CURLOPT_ERRORBUFFER, errbuf);
     curl_easy_setopt(c, CURLOPT_WRITEFUNCTION, accoda);
