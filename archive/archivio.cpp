@@ -5,6 +5,7 @@
 #include "core/percorsi.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -54,11 +55,16 @@ ArchivioEstrazioni::ArchivioEstrazioni(const std::string& percorso) : percorso_(
     if (!std::filesystem::is_regular_file(percorso, ec))
         throw ErroreArchivio(3024, "Impossibile trovare il file '" + percorso + "'.");
     try {
-        db_ = std::make_unique<SQLite::Database>(percorso, SQLite::OPEN_READWRITE);
+        // One thread uses a connection at a time: no mutex around every column read.
+        db_ = std::make_unique<SQLite::Database>(percorso, SQLite::OPEN_READWRITE | SQLITE_OPEN_NOMUTEX);
         db_->setBusyTimeout(5000);
         if (!tabellaEstrazioniValida(*db_)) throw nonRiconosciuto(percorso);
         // An archive of an older build may lack the staging table or the win record.
-        db_->exec(SchemaArchivio);
+        SQLite::Statement t(*db_,
+                            "SELECT COUNT(*) FROM sqlite_master WHERE type = 'table' AND lower(name) IN "
+                            "('estrazionitmp', 'vincite')");
+        t.executeStep();
+        if (t.getColumn(0).getInt() < 2) db_->exec(SchemaArchivio);
     } catch (const SQLite::Exception&) {
         throw nonRiconosciuto(percorso);
     }

@@ -8,6 +8,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <cstring>
 #include <cctype>
 #include <memory>
 #include <regex>
@@ -119,23 +120,39 @@ void Cursore::apri(SQLite::Database& db, const std::string& sql, const std::vect
             nomi_.push_back(nome);
             tipi_.push_back(it == dichiarati.end() ? TipoCampo::Testo : it->second);
             indici_.emplace(minuscolo(nome), static_cast<int>(nomi_.size()) - 1);
+            indici_.emplace(nome, static_cast<int>(nomi_.size()) - 1);
         }
         const int n = static_cast<int>(nomi_.size());
         int rc;
         while ((rc = sqlite3_step(raw)) == SQLITE_ROW) {
             if (conRowid_) rowid_.push_back(sqlite3_column_int64(raw, 0));
-            std::vector<Valore>& r = righe_.emplace_back(n);
             for (int i = 0; i < n; ++i) {
-                const int k = i + primo;
-                switch (sqlite3_column_type(raw, k)) {
-                    case SQLITE_INTEGER: r[i] = Valore(static_cast<long long>(sqlite3_column_int64(raw, k))); break;
-                    case SQLITE_FLOAT: r[i] = Valore(sqlite3_column_double(raw, k)); break;
-                    case SQLITE_NULL: break;
+                sqlite3_value* v = sqlite3_column_value(raw, i + primo);
+                switch (sqlite3_value_type(v)) {
+                    case SQLITE_INTEGER:
+                        dati_.push_back(sqlite3_value_int64(v));
+                        generi_.push_back(Intero);
+                        break;
+                    case SQLITE_FLOAT: {
+                        double d = sqlite3_value_double(v);
+                        int64_t b;
+                        std::memcpy(&b, &d, sizeof b);
+                        dati_.push_back(b);
+                        generi_.push_back(Reale);
+                        break;
+                    }
+                    case SQLITE_NULL:
+                        dati_.push_back(0);
+                        generi_.push_back(Nullo);
+                        break;
                     default:
-                        r[i] = Valore(std::string(reinterpret_cast<const char*>(sqlite3_column_text(raw, k)),
-                                                  static_cast<size_t>(sqlite3_column_bytes(raw, k))));
+                        dati_.push_back(static_cast<int64_t>(testi_.size()));
+                        generi_.push_back(Testo);
+                        testi_.emplace_back(reinterpret_cast<const char*>(sqlite3_value_text(v)),
+                                            static_cast<size_t>(sqlite3_value_bytes(v)));
                 }
             }
+            ++righe_;
         }
         if (rc != SQLITE_DONE) throw SQLite::Exception(h, rc);
     } catch (const SQLite::Exception& e) {
@@ -161,7 +178,55 @@ void Cursore::riposiziona(long nuova) {
 }
 
 void Cursore::MoveFirst() { riposiziona(0); }
-void Cursore::MoveLast() { riposiziona(righe_.empty() ? 0 : RecordCount() - 1); }
+void Cursore::MoveLast() { riposiziona(righe_ == 0 ? 0 : RecordCount() - 1); }
+
+Valore Cursore::cella(long riga, int i) const {
+    const size_t k = static_cast<size_t>(riga) * nomi_.size() + static_cast<size_t>(i);
+    switch (generi_[k]) {
+        case Intero: return Valore(static_cast<long long>(dati_[k]));
+        case Reale: {
+            double d;
+            std::memcpy(&d, &dati_[k], sizeof d);
+            return Valore(d);
+        }
+        case Testo: return Valore(testi_[static_cast<size_t>(dati_[k])]);
+        default: return Valore();
+    }
+}
+
+void Cursore::scriviCella(size_t k, const Valore& v) {
+    std::visit(
+        [&](const auto& x) {
+            using T = std::decay_t<decltype(x)>;
+            if constexpr (std::is_same_v<T, std::monostate>) {
+                dati_[k] = 0;
+                generi_[k] = Nullo;
+            } else if constexpr (std::is_same_v<T, int64_t>) {
+                dati_[k] = x;
+                generi_[k] = Intero;
+            } else if constexpr (std::is_same_v<T, double>) {
+                std::memcpy(&dati_[k], &x, sizeof x);
+                generi_[k] = Reale;
+            } else {
+                dati_[k] = static_cast<int64_t>(testi_.size());
+                generi_[k] = Testo;
+                testi_.push_back(x);
+            }
+        },
+        v.grezzo());
+}
+
+void Cursore::scriviRiga(long riga, const std::vector<Valore>& v) {
+    const size_t base = static_cast<size_t>(riga) * nomi_.size();
+    for (size_t i = 0; i < nomi_.size(); ++i) scriviCella(base + i, v[i]);
+}
+
+std::vector<Valore> Cursore::leggiRiga(long riga) const {
+    std::vector<Valore> v;
+    v.reserve(nomi_.size());
+    for (size_t i = 0; i < nomi_.size(); ++i) v.push_back(cella(riga, static_cast<int>(i)));
+    return v;
+}
 
 void Cursore::MoveNext() {
     if (cancellata_) return riposiziona(pos_);  // the next row has taken the deleted one's place
@@ -182,7 +247,9 @@ void Cursore::Move(long n) {
 }
 
 int Cursore::indiceCampo(const std::string& nome) const {
-    auto it = indici_.find(minuscolo(nome));
+    auto it = indici_.find(std::string_view(nome));
+    if (it != indici_.end()) return it->second;
+    it = indici_.find(minuscolo(nome));
     return it == indici_.end() ? -1 : it->second;
 }
 
@@ -197,19 +264,32 @@ Valore Cursore::campo(const std::string& nome) const {
     if (i < 0) throw errore(errori_archivio::ElementoNonTrovato, "Elemento non trovato in questo insieme.");
     if (modo_ != Modo::Nessuno) return buffer_[i];
     richiediRigaCorrente();
-    return righe_[pos_][i];
+    return cella(pos_, i);
 }
 
-const Valore& Cursore::campo(int i) const {
+Valore Cursore::campo(int i) const {
     if (i < 0 || i >= static_cast<int>(nomi_.size()))
         throw errore(errori_archivio::ElementoNonTrovato, "Elemento non trovato in questo insieme.");
     if (modo_ != Modo::Nessuno) return buffer_[i];
     richiediRigaCorrente();
-    return righe_[pos_][i];
+    return cella(pos_, i);
 }
 
 std::optional<int> Cursore::numero(const std::string& nome) const {
-    auto n = campo(nome).numero();
+    int i = indiceCampo(nome);
+    if (i < 0) throw errore(errori_archivio::ElementoNonTrovato, "Elemento non trovato in questo insieme.");
+    return numero(i);
+}
+
+std::optional<int> Cursore::numero(int i) const {
+    // The common read of a draw, straight from the packed row.
+    if (modo_ == Modo::Nessuno && i >= 0 && i < static_cast<int>(nomi_.size()) && !cancellata_ && !Bof() &&
+        !Eof()) {
+        const size_t k = static_cast<size_t>(pos_) * nomi_.size() + static_cast<size_t>(i);
+        if (generi_[k] == Intero) return static_cast<int>(dati_[k]);
+        if (generi_[k] == Nullo) return std::nullopt;
+    }
+    auto n = campo(i).numero();
     if (!n) return std::nullopt;
     return static_cast<int>(*n);
 }
@@ -274,7 +354,7 @@ void Cursore::Edit() {
     if (tabella_.empty())
         throw errore(errori_archivio::OperazioneNonConsentita, "Impossibile aggiornare. Database o oggetto di sola lettura.");
     modo_ = Modo::Modifica;
-    buffer_ = righe_[pos_];
+    buffer_ = leggiRiga(pos_);
     toccato_.assign(nomi_.size(), false);
 }
 
@@ -317,8 +397,11 @@ void Cursore::Update() {
                     else buffer_[i] = Valore(col.getString());
                 }
             }
-            bool eraEof = Eof() && !righe_.empty();
-            righe_.push_back(std::move(buffer_));
+            bool eraEof = Eof() && righe_ > 0;
+            dati_.resize(dati_.size() + nomi_.size());
+            generi_.resize(generi_.size() + nomi_.size());
+            ++righe_;
+            scriviRiga(righe_ - 1, buffer_);
             rowid_.push_back(rowid);
             // A cursor that was past its end stays past its end.
             if (eraEof) pos_ = RecordCount();
@@ -332,7 +415,7 @@ void Cursore::Update() {
                 st.bind(static_cast<int>(campi.size() + 1), static_cast<int64_t>(rowid_[pos_]));
                 st.exec();
             }
-            righe_[pos_] = std::move(buffer_);
+            scriviRiga(pos_, buffer_);
         }
     } catch (const SQLite::Exception& e) {
         modo_ = Modo::Nessuno;
@@ -353,7 +436,10 @@ void Cursore::Delete() {
     } catch (const SQLite::Exception& e) {
         throw errore(3000, std::string("Errore del database: ") + e.what());
     }
-    righe_.erase(righe_.begin() + pos_);
+    const auto n = static_cast<long>(nomi_.size());
+    dati_.erase(dati_.begin() + pos_ * n, dati_.begin() + (pos_ + 1) * n);
+    generi_.erase(generi_.begin() + pos_ * n, generi_.begin() + (pos_ + 1) * n);
+    --righe_;
     rowid_.erase(rowid_.begin() + pos_);
     modo_ = Modo::Nessuno;
     cancellata_ = true;
@@ -361,7 +447,10 @@ void Cursore::Delete() {
 
 void Cursore::Close() {
     aperto_ = false;
-    righe_.clear();
+    righe_ = 0;
+    dati_.clear();
+    generi_.clear();
+    testi_.clear();
     rowid_.clear();
     pos_ = -1;
     modo_ = Modo::Nessuno;

@@ -16,9 +16,11 @@
 
 #include "archive/valore.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -52,9 +54,9 @@ public:
                          const std::vector<Valore>& parametri = {});
 
     bool aperto() const { return aperto_; }
-    bool Eof() const { return righe_.empty() || (!cancellata_ && pos_ >= RecordCount()); }
-    bool Bof() const { return righe_.empty() || (!cancellata_ && pos_ < 0); }
-    long RecordCount() const { return static_cast<long>(righe_.size()); }
+    bool Eof() const { return righe_ == 0 || (!cancellata_ && pos_ >= RecordCount()); }
+    bool Bof() const { return righe_ == 0 || (!cancellata_ && pos_ < 0); }
+    long RecordCount() const { return righe_; }
     // 0-based position of the current row, -1 when there is none.
     long AbsolutePosition() const;
 
@@ -68,9 +70,10 @@ public:
     // Field by name (any case). A name not in the cursor raises 3265.
     Valore campo(const std::string& nome) const;
     // Field by its index in campi(): for loops that read one field many times.
-    const Valore& campo(int indice) const;
+    Valore campo(int indice) const;
     // The field as a number, nullopt for null: the common read of a draw.
     std::optional<int> numero(const std::string& nome) const;
+    std::optional<int> numero(int indice) const;
     // Writes into the row being added or edited; on a current row, starts an edit.
     void imposta(const std::string& nome, const Valore& v);
 
@@ -102,8 +105,24 @@ private:
     bool conRowid_ = false;  // column 0 of the statement is the hidden rowid
     std::vector<std::string> nomi_;
     std::vector<TipoCampo> tipi_;
-    std::unordered_map<std::string, int> indici_;  // lower-case name -> field index
-    std::vector<std::vector<Valore>> righe_;
+    struct HashNome {
+        using is_transparent = void;
+        size_t operator()(std::string_view s) const { return std::hash<std::string_view>{}(s); }
+    };
+    // Names as given and in lower case -> field index; the exact spelling is found
+    // without building a string.
+    std::unordered_map<std::string, int, HashNome, std::equal_to<>> indici_;
+    // Rows packed, one 8-byte payload and one kind byte a cell: an open allocates
+    // three blocks, not one per row.
+    enum Genere : uint8_t { Nullo, Intero, Reale, Testo };
+    Valore cella(long riga, int i) const;
+    void scriviCella(size_t k, const Valore& v);
+    void scriviRiga(long riga, const std::vector<Valore>& v);
+    std::vector<Valore> leggiRiga(long riga) const;
+    long righe_ = 0;
+    std::vector<int64_t> dati_;
+    std::vector<uint8_t> generi_;
+    std::vector<std::string> testi_;
     std::vector<int64_t> rowid_;
     long pos_ = -1;
     bool cancellata_ = false;  // the current row was deleted
