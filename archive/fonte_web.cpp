@@ -102,7 +102,12 @@ ImpostazioniAggiornamento ImpostazioniAggiornamento::Leggi(const std::string& pe
     return imp;
 }
 
-std::string ImpostazioniAggiornamento::PercorsoPredefinito() { return FileDati("aggiornamento.ini"); }
+std::string ImpostazioniAggiornamento::PercorsoPredefinito() {
+    // The data folder first (a user's copy), else the one beside the program.
+    std::string p = FileDati("aggiornamento.ini");
+    if (std::ifstream(p)) return p;
+    return CartellaProgramma() + "/aggiornamento.ini";
+}
 
 std::string ImpostazioniAggiornamento::url1(int anno) const {
     return sito1 + "/lotto/archivio-estrazioni/?as=TXT&year=" + TestoSemplice(anno);

@@ -40,7 +40,7 @@ struct ImpostazioniAggiornamento {
 
     // Missing file: no sites, so the update says it cannot run.
     static ImpostazioniAggiornamento Leggi(const std::string& percorso);
-    static std::string PercorsoPredefinito();  // aggiornamento.ini in the data folder
+    static std::string PercorsoPredefinito();  // aggiornamento.ini in the data folder, else beside the program
     bool completa() const { return !sito1.empty() && !sito2.empty(); }
     std::string url1(int anno) const;  // "/lotto/archivio-estrazioni/?as=TXT&year=" + year
     std::string url2(int anno) const;  // "/risultati/archivio-lotto-" + year

@@ -2,12 +2,16 @@
 //
 // Without --archivio the program's own archive is used, made and filled from the
 // shipped draws when missing; --archivio naming a missing file makes an empty one.
+#include "archive/aggiorna.h"
 #include "archive/archivio.h"
 #include "archive/storico.h"
 #include "cli/comandi.h"
+#include "core/interfaccia_scriptata.h"
+#include "core/percorsi.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <chrono>
 #include <fstream>
 #include <iostream>
 
@@ -18,6 +22,8 @@ struct OpzioniArchivio {
     std::string archivio;
     std::string file;
     std::string uscita;
+    std::string impostazioni;
+    int anno = 0;
 };
 
 std::unique_ptr<ArchivioEstrazioni> Apri(const OpzioniArchivio& o) {
@@ -49,7 +55,12 @@ RegistraComando archivio("archivio", [](CLI::App& app) -> Esecuzione {
     auto* info = sub->add_subcommand("info", "numero di estrazioni, prima e ultima data");
     info->add_option("--archivio", o->archivio, "archivio.db da usare");
 
-    return [o, importa, esporta, info]() {
+    auto* aggiorna = sub->add_subcommand("aggiorna", "aggiorna l'archivio dal web (siti in aggiornamento.ini)");
+    aggiorna->add_option("--archivio", o->archivio, "archivio.db da usare");
+    aggiorna->add_option("--impostazioni", o->impostazioni, "file delle impostazioni (predefinito: aggiornamento.ini)");
+    aggiorna->add_option("--anno", o->anno, "anno finale (predefinito: l'anno corrente)");
+
+    return [o, importa, esporta, info, aggiorna]() {
         auto a = Apri(*o);
         if (importa->parsed()) {
             EsitoImportazione e;
@@ -68,6 +79,23 @@ RegistraComando archivio("archivio", [](CLI::App& app) -> Esecuzione {
                 f << testo;
                 if (!f) throw InputNonValido("Impossibile scrivere il file " + o->uscita + ".");
             }
+        } else if (aggiorna->parsed()) {
+            InterfacciaScriptata ui;
+            FonteCurl fonte;
+            int anno = o->anno;
+            if (anno == 0) {
+                std::chrono::year_month_day oggi{std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now())};
+                anno = static_cast<int>(oggi.year());
+            }
+            ContestoAggiornamento c{*a, ui, fonte,
+                                    ImpostazioniAggiornamento::Leggi(o->impostazioni.empty()
+                                                                         ? ImpostazioniAggiornamento::PercorsoPredefinito()
+                                                                         : o->impostazioni),
+                                    CartellaDati(), anno};
+            AggiornaEstrazioni(c);
+            std::string esito = ui.ultimoBox().testo;
+            std::cout << esito << "\nESTRAZIONI: " << a->NumeroEstrazioni() << "\n";
+            return esito == messaggi_aggiornamento::Successo ? 0 : 1;
         } else if (info->parsed()) {
             SQLite::Statement st(a->db(), "SELECT COUNT(*), MIN(data), MAX(data) FROM estrazioni");
             st.executeStep();

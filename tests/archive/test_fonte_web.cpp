@@ -86,3 +86,24 @@ TEST(FonteCurl, AggiornamentoAttraversoIlServer) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(CliArchivioAggiorna, AggiornaDalServerLocale) {
+    const std::string cli = std::string(ZEF_DATI_BIN) + "/zefiranto-cli";
+    if (!std::filesystem::exists(cli)) GTEST_SKIP() << "zefiranto-cli non costruito";
+    ServerProva s;
+    const auto pagine = std::filesystem::path(__FILE__).parent_path() / "pagine";
+    s.imposta("/risultati/archivio-lotto-2025", {200, Leggi(pagine / "archivio-lotto-2025.html"), ""});
+    CartellaTemporanea dir;
+    prova::ScriviFile(dir / "agg.ini", "sito1 = " + s.url() + "\nsito2 = " + s.url() + "\n");
+    prova::ScriviFile(dir / "a.txt", "2025/01/02\tBA\t1\t2\t3\t4\t5\n");
+    const std::string db = " --archivio " + (dir / "a.db");
+    ASSERT_EQ(std::system((cli + " archivio importa " + (dir / "a.txt") + db + " >/dev/null").c_str()), 0);
+    std::string comando = cli + " archivio aggiorna --anno 2025 --impostazioni " + (dir / "agg.ini") + db + " > " +
+                          (dir / "uscita.txt");
+    EXPECT_EQ(std::system(comando.c_str()), 0);
+    EXPECT_EQ(Leggi(dir / "uscita.txt"), "Aggiornamento completato con successo!\nESTRAZIONI: 3\n");
+}
+
+}  // namespace
