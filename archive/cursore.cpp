@@ -340,6 +340,30 @@ void Cursore::imposta(const std::string& nome, const Valore& v) {
     toccato_[i] = true;
 }
 
+bool Cursore::trova(long da, const std::string& nome, const Valore& v) {
+    const int i = indiceCampo(nome);
+    if (i < 0) throw errore(errori_archivio::ElementoNonTrovato, "Elemento non trovato in questo insieme.");
+    auto uguale = [&](const Valore& x) {
+        if (x.nullo() || v.nullo()) return false;
+        if (x.testuale() || v.testuale()) return minuscolo(x.comeTesto()) == minuscolo(v.comeTesto());
+        return x.comeReale() == v.comeReale();
+    };
+    for (long r = std::max(da, 0L); r < righe_; ++r)
+        if (uguale(cella(r, i))) {
+            nessunaCorrispondenza_ = false;
+            riposiziona(r);
+            return true;
+        }
+    nessunaCorrispondenza_ = true;
+    return false;
+}
+
+bool Cursore::FindFirst(const std::string& nome, const Valore& v) { return trova(0, nome, v); }
+
+bool Cursore::FindNext(const std::string& nome, const Valore& v) {
+    return trova(cancellata_ ? pos_ : pos_ + 1, nome, v);
+}
+
 void Cursore::AddNew() {
     if (!aperto_) throw errore(errori_archivio::OperazioneNonConsentita, "Operazione non consentita: cursore chiuso.");
     if (tabella_.empty())

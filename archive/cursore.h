@@ -77,6 +77,13 @@ public:
     // Writes into the row being added or edited; on a current row, starts an edit.
     void imposta(const std::string& nome, const Valore& v);
 
+    // FindFirst/FindNext: the first row (from the top, or after the current one) whose
+    // field equals the value (texts without regard to case, numbers as numbers). On a
+    // match it becomes current; otherwise NoMatch() is true and the row stays.
+    bool FindFirst(const std::string& nome, const Valore& v);
+    bool FindNext(const std::string& nome, const Valore& v);
+    bool NoMatch() const { return nessunaCorrispondenza_; }
+
     void AddNew();
     void Edit();
     void Update();
@@ -126,6 +133,8 @@ private:
     std::vector<int64_t> rowid_;
     long pos_ = -1;
     bool cancellata_ = false;  // the current row was deleted
+    bool nessunaCorrispondenza_ = false;
+    bool trova(long da, const std::string& nome, const Valore& v);
     Modo modo_ = Modo::Nessuno;
     std::vector<Valore> buffer_;
     std::vector<bool> toccato_;

@@ -263,3 +263,82 @@ TEST(ArchivioFile, FileMancanteOEstraneoDannoUnErroreTipizzato) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(ArchivioProva, FindFirstEFindNext) {
+    prova::RiempiProva(*a, 30, 1, 2024);
+    auto c = a->OpenRecordset("estrazioni");
+    c.Move(3);
+    // Bari1 of id i is (7i + 30) mod 90 + 1, which repeats only every 90 ids: 45 is id 2's alone.
+    ASSERT_EQ(prova::NumeroProva(2, 1, 1), 45);
+    EXPECT_TRUE(c.FindFirst("BARI1", Valore(45)));
+    EXPECT_EQ(c.numero("id"), 2);
+    EXPECT_FALSE(c.FindNext("Bari1", Valore(45)));
+    EXPECT_TRUE(c.NoMatch());
+    EXPECT_EQ(c.numero("id"), 2);  // the row stays
+    EXPECT_TRUE(c.FindFirst("data", Valore("2024-01-05")));
+    EXPECT_EQ(c.AbsolutePosition(), 4);
+    EXPECT_FALSE(c.NoMatch());
+    EXPECT_FALSE(c.FindFirst("Bari1", Valore()));  // null matches nothing
+}
+
+// Random walks, writes and deletes: what the cursor shows always equals what a fresh
+// open of the file reads, row by row and field by field.
+TEST_F(ArchivioProva, OperazioniCasualiRestanoCoerentiColFile) {
+    prova::RiempiProva(*a, 60, 1, 2021, true);
+    std::mt19937 rng(20240315);
+    auto c = a->OpenRecordset("select * from estrazioni order by id");
+    for (int passo = 0; passo < 600; ++passo) {
+        int op = static_cast<int>(rng() % 8);
+        try {
+            switch (op) {
+                case 0: c.MoveNext(); break;
+                case 1: c.MovePrevious(); break;
+                case 2: c.Move(static_cast<long>(rng() % 21) - 10); break;
+                case 3: c.MoveFirst(); break;
+                case 4: c.MoveLast(); break;
+                case 5: c.Delete(); break;
+                case 6:
+                    c.AddNew();
+                    c.imposta("data", "2030-01-01");
+                    c.imposta(NomeCampo(1 + static_cast<int>(rng() % 11), 1 + static_cast<int>(rng() % 5)),
+                              static_cast<int>(rng() % 90) + 1);
+                    c.Update();
+                    break;
+                case 7:
+                    c.imposta(NomeCampo(1 + static_cast<int>(rng() % 11), 1 + static_cast<int>(rng() % 5)),
+                              rng() % 4 == 0 ? Valore() : Valore(static_cast<int>(rng() % 90) + 1));
+                    c.Update();
+                    break;
+            }
+        } catch (const ErroreEsecuzione& e) {
+            // Only the errors of no current row or of a deleted one.
+            ASSERT_TRUE(e.numero == 3021 || e.numero == 3167) << e.numero << " " << e.what();
+        }
+        if (passo % 50 != 49) continue;
+        auto f = a->OpenRecordset("select * from estrazioni order by id");
+        ASSERT_EQ(f.RecordCount(), c.RecordCount());
+        long posizione = c.AbsolutePosition();
+        std::vector<Valore> corrente;
+        if (posizione >= 0)
+            for (const auto& n : c.campi()) corrente.push_back(c.campo(n));
+        for (c.MoveFirst(); !c.Eof(); c.MoveNext(), f.MoveNext())
+            for (int i = 0; i < static_cast<int>(c.campi().size()); ++i) ASSERT_EQ(c.campo(i), f.campo(i));
+        // Back where it was, and the same row there.
+        if (posizione >= 0) {
+            c.MoveFirst();
+            c.Move(posizione);
+            for (size_t i = 0; i < corrente.size(); ++i) EXPECT_EQ(c.campo(static_cast<int>(i)), corrente[i]);
+        }
+    }
+    // The ids that were added went above all others, in order.
+    auto f = a->OpenRecordset("estrazioni");
+    long ultimo = 0;
+    for (; !f.Eof(); f.MoveNext()) {
+        EXPECT_GT(*f.numero("id"), ultimo);
+        ultimo = *f.numero("id");
+    }
+}
+
+}  // namespace
