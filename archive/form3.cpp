@@ -46,6 +46,15 @@ Form3::Form3(Sistema& s, Interfaccia& ui, Form3Collegamenti collegamenti, std::s
     Command[6] = {"Rit. Ambi", "Elabora i ritardi per i 4005 ambi possibili"};
     Command[7] = {"Fr. Ambi", "Elabora le frequenze per i 4005 ambi possibili"};
     Command[8] = {"Vai al n°.", "Visualizza l'estrazione numero...", true};
+    Label[4] = Command[1].Caption;
+    Label[5] = Command[3].Caption;
+    Label[6] = Command[2].Caption;
+    Label[7] = Command[5].Caption;
+    Label[8] = Command[6].Caption;
+    Label[12] = Command[7].Caption;
+    Label[13] = Command[4].Caption;
+    Label[14] = "Modifica Estrazioni";
+    Label[18] = "Statistiche";
     Command[1].Enabled = static_cast<bool>(col_.mostraForm13);
     Command[6].Enabled = static_cast<bool>(col_.mostraForm25);
     Command[7].Enabled = static_cast<bool>(col_.mostraForm27);

@@ -46,6 +46,9 @@ public:
     std::array<std::string, 55> Text1; // (w-1)*5 + p-1
     int focus = -1;                    // Text1 index holding the focus
     std::array<Pulsante, 9> Command;   // Command1..Command8 (0 unused)
+    // Captions of the labels: the ones over the hidden buttons (4, 5, 6, 7, 8, 12, 13)
+    // and the group headings (14, 18). The wheel labels are IntestazioniRuote.
+    std::array<std::string, 19> Label;
     bool InModifica = false;
     bool caricato = false;
 

@@ -44,7 +44,7 @@ std::string DataStorica(const std::string& iso) {
 
 RegistraComando archivio("archivio", [](CLI::App& app) -> Esecuzione {
     auto o = std::make_shared<OpzioniArchivio>();
-    auto* sub = app.add_subcommand("archivio", "archivio delle estrazioni: importa, esporta, info");
+    auto* sub = app.add_subcommand("archivio", "archivio delle estrazioni: importa, esporta, info, aggiorna");
     sub->require_subcommand(1);
     auto* importa = sub->add_subcommand("importa", "importa un archivio storico (testo o .zip)");
     importa->add_option("file", o->file, "file storico, una riga per ruota per estrazione")->required();

@@ -232,6 +232,8 @@ TEST_F(Browser, PulsantiNascostiSottoLeEtichette) {
     EXPECT_TRUE(f->Command[8].Visible);
     f->mouseSuLabel(5);
     EXPECT_TRUE(f->Command[3].Visible);
+    EXPECT_EQ(f->Label[5], "NUOVA");
+    EXPECT_EQ(f->Label[13], "MEMORIZZA");
     EXPECT_EQ(f->Command[3].Caption, "NUOVA");
     f->mouseSuLabel(13);
     f->mouseSuLabel(4);
