@@ -193,6 +193,16 @@ void leggiFileDiTesto(ArchivioEstrazioni& a, FinestraAttesa& attesa, const Impos
 
 }  // namespace
 
+long ParseEstrNum(const ElementoHtml& e) {
+    auto span = e.getElementsByTagName("span");
+    if (span.empty()) return -1;
+    std::string cifre;
+    for (char ch : span[0].innerText())
+        if (ch >= '0' && ch <= '9') cifre += ch;
+    if (cifre.empty() || cifre.size() > 9) return -1;
+    return std::stol(cifre);
+}
+
 bool IsDataValida(const std::string& t) { return t.size() == 10 && t[2] == '/' && t[5] == '/'; }
 
 std::string DataToISO(const std::string& t) {

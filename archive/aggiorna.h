@@ -28,6 +28,11 @@ void AggiornaEstrazioni(ContestoAggiornamento& c);
 // `anno` is carried and not used.
 void ParseLottoHTML(ArchivioEstrazioni& a, const std::string& html, int anno);
 
+class ElementoHtml;
+// The digits of the element's first span as a number; -1 without a span or a digit.
+// Kept beside the parser, which does not call it.
+long ParseEstrNum(const ElementoHtml& elemento);
+
 // True when the text has 10 characters and the third and sixth are "/".
 bool IsDataValida(const std::string& testo);
 // day/month/year -> year-month-day, joining the pieces split on "/".

@@ -3,6 +3,7 @@
 #include "aiuto.h"
 
 #include "archive/aggiorna.h"
+#include "archive/html.h"
 #include "archive/storico.h"
 #include "core/interfaccia_scriptata.h"
 
@@ -126,6 +127,19 @@ TEST(DateDellePagine, ValidaEIso) {
     EXPECT_TRUE(EsisteDataLotto(*a, DataToISO("05/02/2024")));
     EXPECT_FALSE(EsisteDataLotto(*a, DataToISO("02/05/2024")));
     EXPECT_THROW(EsisteDataLotto(*a, DataToISO("99/99/9999")), ErroreEsecuzione);
+}
+
+TEST(DateDellePagine, ElementiDellaPagina) {
+    DocumentoHtml d("<div class='a lottoDraws'><span>n. 1<b>2</b>3</span><span>9</span></div>"
+                    "<div class='lottoDrawsX'><p>niente</p></div><ul class='BALLROW x'><li>7</li></ul>");
+    auto e = d.radice().getElementsByClassName("lottoDraws");
+    ASSERT_EQ(e.size(), 1u);  // a class among the classes, not a part of one
+    EXPECT_EQ(ParseEstrNum(e[0]), 123);
+    EXPECT_EQ(ParseEstrNum(d.radice().getElementsByClassName("lottoDrawsX")[0]), -1);
+    auto ul = d.radice().getElementsByTagName("UL");
+    ASSERT_EQ(ul.size(), 1u);
+    EXPECT_TRUE(ContieneSenzaMaiuscole(ul[0].className(), "ballRow"));
+    EXPECT_EQ(ul[0].innerText(), "7");
 }
 
 TEST_F(Aggiornamento, DueAnniNellOrdineDelleDateConLeEstrazioniMalformateSaltate) {
