@@ -16,6 +16,7 @@
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QStyle>
 #include <QTableView>
@@ -38,7 +39,7 @@ constexpr const char* StileArancio =
     "QPushButton { background-color: #FF8000; color: black; border: 1px solid #B05800; border-radius: 3px; }";
 constexpr const char* StileNormale =
     "QPushButton { background-color: palette(button); border: 1px solid #A0A0A0; border-radius: 3px; }"
-    "QPushButton:hover { border-color: #FF8000; }";
+    "QPushButton:hover { border-color: #C06000; }";
 
 // A heading band of the window ("PRONOSTICO", "SISTEMA"...).
 QLabel* Intestazione(const char* nome, const char* testo) {
@@ -67,8 +68,8 @@ Form1View::Form1View(Form1& modello, Sistema& s, Interfaccia& ui, QWidget* paren
     h->setContentsMargins(8, 8, 8, 4);
     h->setSpacing(10);
     h->addWidget(creaPad(), 0);
-    h->addWidget(creaLista(), 1);
-    h->addWidget(creaComandi(), 0);
+    h->addWidget(creaLista(), 0);
+    h->addWidget(creaComandi(), 1);
     auto* v = new QWidget;
     auto* vl = new QVBoxLayout(v);
     vl->setContentsMargins(0, 0, 0, 0);
@@ -253,7 +254,7 @@ QWidget* Form1View::creaLista() {
     griglia_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     griglia_->verticalHeader()->setDefaultSectionSize(QFontMetrics(griglia_->font()).height() + 4);
     griglia_->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    griglia_->horizontalHeader()->setStretchLastSection(true);
+    griglia_->horizontalHeader()->setStretchLastSection(false);
     griglia_->setSelectionBehavior(QAbstractItemView::SelectRows);
     griglia_->setSelectionMode(QAbstractItemView::ContiguousSelection);
     griglia_->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -261,7 +262,10 @@ QWidget* Form1View::creaLista() {
     griglia_->setWordWrap(false);
     griglia_->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     griglia_->setContextMenuPolicy(Qt::CustomContextMenu);
-    griglia_->setMinimumWidth(TwipsInPixel(3580) + 24);
+    griglia_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    griglia_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    griglia_->setFixedWidth(TwipsInPixel(3580) + griglia_->verticalScrollBar()->sizeHint().width() +
+                            2 * griglia_->frameWidth());
     connect(griglia_, &QTableView::clicked, this, [this] { evento([this] { m_.clickLista(); }, false); });
     connect(griglia_, &QTableView::customContextMenuRequested, this,
             [this] { evento([this] { m_.mouseDownLista(2); }); });
@@ -302,7 +306,7 @@ QWidget* Form1View::creaLista() {
 
 QWidget* Form1View::creaComandi() {
     auto* colonna = new QWidget;
-    colonna->setFixedWidth(230);
+    colonna->setMinimumWidth(230);
     auto* v = new QVBoxLayout(colonna);
     v->setContentsMargins(0, 0, 0, 0);
     auto grande = [this](const char* nome, const char* testo) {
