@@ -29,7 +29,7 @@ void Applicazione::collega() {
     f1_.mostraSplash = [this] {
         if (!opzioni_.splash) return;
         FrmSplash splash(nullptr, opzioni_.durataSplash);
-        splash.exec();
+        splash.mostraModale();
     };
     f1_.fine = [this] {
         if (opzioni_.esciAllaFine) QCoreApplication::exit(0);

@@ -3,7 +3,7 @@
 #include "core/form1.h"
 #include "ui/vista_comune.h"
 
-#include <QDialogButtonBox>
+#include <QEventLoop>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -79,7 +79,17 @@ FrmSplash::FrmSplash(QWidget* parent, int millisecondi) : QDialog(parent) {
     timer1_->setSingleShot(true);
     timer1_->setInterval(millisecondi);
     connect(timer1_, &QTimer::timeout, this, &QDialog::accept);
+}
+
+void FrmSplash::mostraModale() {
+    // A local loop rather than exec(): the timer may fire while the window is still
+    // being shown, and exec() would then wait for a window already gone.
+    setWindowModality(Qt::ApplicationModal);
+    QEventLoop attesa;
+    connect(this, &QDialog::finished, &attesa, &QEventLoop::quit);
     timer1_->start();
+    show();
+    if (isVisible()) attesa.exec();
 }
 
 void FrmSplash::paintEvent(QPaintEvent*) {

@@ -17,6 +17,8 @@ public:
     explicit FrmSplash(QWidget* parent = nullptr, int millisecondi = 2500);
     QLabel* lblVersion() const { return lblVersion_; }
     QTimer* Timer1() const { return timer1_; }
+    // Shows it modal and returns when Timer1 (or the user) has unloaded it.
+    void mostraModale();
 
 protected:
     void paintEvent(QPaintEvent* e) override;

@@ -281,11 +281,9 @@ TEST(Form1View, DalPadAllaListaConLoSviluppoInUnThread) {
     Programma p;
     Form20 f20(p.s(), p.app.interfaccia());
     f20.parametri.thread = 1;
-    bool finestraVista = false;
     p.f().mostraForm20 = [&] {
         f20.carica();
         f20.Combo1 = 1;  // TERZINE
-        QTimer::singleShot(0, [&] { finestraVista = p.app.interfaccia().finestraAvanzamento() != nullptr; });
         vista::EseguiInThread([&] { f20.clickCommand1(); });
     };
     p.w().aggiorna(false);
@@ -299,17 +297,20 @@ TEST(Form1View, DalPadAllaListaConLoSviluppoInUnThread) {
     EXPECT_EQ(p.w().modelloLista()->index(34, 0).data().toString(), QString::fromUtf8(" 33 41 56"));
     EXPECT_EQ(p.w().ProgressBar1()->value(), 0);
     EXPECT_TRUE(p.box.empty());
-    (void)finestraVista;
 }
 
 TEST(FinestreAccessorie, SplashSiChiudeDaSolaEAboutMostraLaVersione) {
     FrmSplash splash(nullptr, 10);
     EXPECT_EQ(splash.lblVersion()->text(), "Versione 2.0.0");
-    EXPECT_EQ(splash.exec(), QDialog::Accepted);  // Timer1 unloads it
+    splash.mostraModale();  // returns once Timer1 has unloaded it
+    EXPECT_FALSE(splash.isVisible());
+    EXPECT_EQ(splash.result(), QDialog::Accepted);
 
     FrmAbout about;
     EXPECT_EQ(about.windowTitle(), "Informazioni su Zefiranto 2.0");
     EXPECT_EQ(about.lblVersion()->text(), "Versione 2.0.0");
-    QTimer::singleShot(0, about.cmdOK(), &QPushButton::click);
-    EXPECT_EQ(about.exec(), QDialog::Accepted);
+    about.show();
+    about.cmdOK()->click();
+    EXPECT_FALSE(about.isVisible());
+    EXPECT_EQ(about.result(), QDialog::Accepted);
 }

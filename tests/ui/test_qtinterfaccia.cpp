@@ -47,9 +47,13 @@ TEST(QtInterfaccia, MessaggioDaUnThreadRispostoNelThreadDellInterfaccia) {
 
 TEST(QtInterfaccia, MessaggioVeroConIPulsantiInItaliano) {
     QtInterfaccia ui;
-    QTimer::singleShot(0, [] {
+    // Polls until the box is up (it may take more than one turn of the loop to show).
+    QTimer attesa;
+    attesa.setInterval(5);
+    QObject::connect(&attesa, &QTimer::timeout, [&attesa] {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(box, nullptr);
+        if (!box || !box->isVisible()) return;
+        attesa.stop();
         EXPECT_EQ(box->windowTitle(), "ATTENZIONE");
         EXPECT_EQ(box->text(), "Vuoi salvare il sistema ?");
         QStringList testi;
@@ -59,6 +63,7 @@ TEST(QtInterfaccia, MessaggioVeroConIPulsantiInItaliano) {
         for (auto* b : box->buttons())
             if (b->text() == "No") b->click();
     });
+    attesa.start();
     EXPECT_EQ(ui.messaggio("Vuoi salvare il sistema ?", "ATTENZIONE", Icona::Esclamazione, Pulsanti::SiNo),
               Risposta::No);
 }
