@@ -47,7 +47,7 @@ void Applicazione::collega() {
 void Applicazione::avvia() {
     EseguiEvento(ui_, [this] { f1_.carica(); });
     vista_->aggiorna();
-    vista_->resize(980, 620);
+    vista_->resize(920, 620);
     vista_->show();
 }
 

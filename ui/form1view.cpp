@@ -2,6 +2,7 @@
 
 #include "core/form1.h"
 #include "core/sistema.h"
+#include "ui/frmsplash.h"
 #include "ui/modellolista.h"
 #include "ui/vista_comune.h"
 
@@ -14,6 +15,7 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
@@ -234,6 +236,21 @@ QWidget* Form1View::creaPad() {
     g->addLayout(riga, 9, 0, 1, 10);
     v->addWidget(frame1);
     v->addStretch(1);
+    auto* label7 = new QLabel("Zefiranto 2.0");
+    label7->setObjectName("Label7");
+    label7->setFont(vista::CarattereFinestra(20, true));
+    label7->setAlignment(Qt::AlignCenter);
+    label7->setStyleSheet("color: #1F4E8C");
+    auto* label6 = new QLabel("Sistemi condizionati e ridotti\nper il gioco del Lotto");
+    label6->setObjectName("Label6");
+    label6->setAlignment(Qt::AlignCenter);
+    lblVersion_ = new QLabel;
+    lblVersion_->setObjectName("lblVersion");
+    lblVersion_->setAlignment(Qt::AlignCenter);
+    v->addWidget(label7);
+    v->addWidget(label6);
+    v->addWidget(lblVersion_);
+    v->addStretch(1);
     return colonna;
 }
 
@@ -335,20 +352,20 @@ QWidget* Form1View::creaComandi() {
     v->addWidget(grande("Command6", "SPOGLIO"));
     v->addStretch(1);
 
-    auto* label7 = new QLabel("Zefiranto 2.0");
-    label7->setObjectName("Label7");
-    label7->setFont(vista::CarattereFinestra(20, true));
-    label7->setAlignment(Qt::AlignCenter);
-    label7->setStyleSheet("color: #1F4E8C");
-    auto* label6 = new QLabel("Sistemi condizionati e ridotti\nper il gioco del Lotto");
-    label6->setObjectName("Label6");
-    label6->setAlignment(Qt::AlignCenter);
-    lblVersion_ = new QLabel;
-    lblVersion_->setObjectName("lblVersion");
-    lblVersion_->setAlignment(Qt::AlignCenter);
-    v->addWidget(label7);
-    v->addWidget(label6);
-    v->addWidget(lblVersion_);
+
+    // A picture at the foot of the column: three balls of the draw.
+    QPixmap palline(220, 84);
+    palline.fill(Qt::transparent);
+    {
+        QPainter p(&palline);
+        const QColor colori[] = {QColor("#FF8000"), QColor("#E03030"), QColor("#30A050")};
+        const int numeri[] = {13, 45, 90};
+        for (int i = 0; i < 3; ++i) DisegnaPallina(p, QPointF(40 + i * 70, 42 + (i % 2 ? 8 : -4)), 30, numeri[i], colori[i]);
+    }
+    auto* figura = new QLabel;
+    figura->setPixmap(palline);
+    figura->setAlignment(Qt::AlignCenter);
+    v->addWidget(figura);
 
     connect(command2, &QPushButton::clicked, this, [this] { evento([this] { m_.clickCommand2(); }); });
     connect(pulsanti_["Command3"], &QPushButton::clicked, this, [this] { evento([this] { m_.clickCommand3(); }); });
