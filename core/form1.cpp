@@ -113,6 +113,16 @@ void Form1::clickToolbar(const std::string& chiave) {
     }
 }
 
+void Form1::timer6() {
+    if (!Timer6Abilitato) return;
+    Timer6Abilitato = false;
+    chiama(ControllaAggiornamento);
+}
+
+void Form1::timer4() {
+    if (s_.Timer4Abilitato) chiama(tickTimer4);
+}
+
 void Form1::menustampa() {
     if (s_.MSFlexGrid1.Rows() == 0) {
         ui_.messaggio(

@@ -61,6 +61,11 @@ public:
     std::function<void()> ChiudiArchivio;   // unloads Form3 and Form6, closes DbArchivio
     std::function<void()> fine;             // ends the program at once
 
+    // Timer6: once, five seconds after start (the check for a new version).
+    std::function<void()> ControllaAggiornamento;
+    // Timer4: one tick of the cover, run again while Sistema::Timer4Abilitato holds.
+    std::function<void()> tickTimer4;
+
     // Files.
     std::function<void()> Apri;             // prompts itself when unsaved
     std::function<void()> Salva;
@@ -107,6 +112,12 @@ public:
     long coloreSelezione = -1;           // MSFlexGrid1.BackColorSel; -1 the grid's own
     void mouseDownLista(int pulsante);   // 2 pops up the Colonna menu
     void clickToolbar(const std::string& chiave);
+    // Timer6 fires once: the check runs at most once per run.
+    void timer6();
+    bool Timer6Abilitato = true;
+    static constexpr int IntervalloTimer6 = 5000;
+    // Timer4 ticks only while enabled; the tick itself may turn it off.
+    void timer4();
 
     // Menu items, under their names.
     void menuApri() { chiama(Apri); }

@@ -22,6 +22,7 @@
 #include <QStatusBar>
 #include <QStyle>
 #include <QTableView>
+#include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -96,6 +97,19 @@ Form1View::Form1View(Form1& modello, Sistema& s, Interfaccia& ui, QWidget* paren
         statusBar()->addWidget(pannelli_[i], 1);
     }
     statusBar()->setObjectName("StatusBar1");
+
+    // Timer4 runs the cover's ticks while the sistema keeps it enabled.
+    timer4_ = new QTimer(this);
+    timer4_->setObjectName("Timer4");
+    timer4_->setInterval(1);
+    connect(timer4_, &QTimer::timeout, this, [this] { evento([this] { m_.timer4(); }); });
+    // Timer6: enabled at design time, fires once.
+    timer6_ = new QTimer(this);
+    timer6_->setObjectName("Timer6");
+    timer6_->setSingleShot(true);
+    timer6_->setInterval(Form1::IntervalloTimer6);
+    connect(timer6_, &QTimer::timeout, this, [this] { evento([this] { m_.timer6(); }, false); });
+    timer6_->start();
     statusBar()->setSizeGripEnabled(true);
     aggiorna();
 }
@@ -449,10 +463,16 @@ void Form1View::aggiorna(bool lista) {
     pulsanti_["Command8"]->setEnabled(bool(m_.mostraForm5));
     pulsanti_["Command9"]->setEnabled(bool(m_.mostraForm17));
 
+    if (s_.Timer4Abilitato && m_.tickTimer4) {
+        if (!timer4_->isActive()) timer4_->start();
+    } else {
+        timer4_->stop();
+    }
+
     if (lista) {
         const int riga = griglia_->currentIndex().row();
         modello_->ricarica();
-        if (riga >= 0 && riga < modello_->rowCount())
+        if (!griglia_->currentIndex().isValid() && riga >= 0 && riga < modello_->rowCount())
             griglia_->setCurrentIndex(modello_->index(riga, 0));
     }
 }

@@ -17,6 +17,7 @@ class QLabel;
 class QProgressBar;
 class QPushButton;
 class QTableView;
+class QTimer;
 class QToolBar;
 
 namespace zef {
@@ -53,6 +54,8 @@ public:
     QAction* voce(const std::string& nome) const;
     QAction* tasto(const std::string& chiave) const;
     QToolBar* Toolbar1() const { return toolbar_; }
+    QTimer* Timer4() const { return timer4_; }
+    QTimer* Timer6() const { return timer6_; }
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -81,7 +84,8 @@ private:
     std::map<std::string, QPushButton*> pulsanti_;
     std::map<std::string, QAction*> voci_;
     std::map<std::string, QAction*> tasti_;
-    bool inChiusura_ = false;
+    QTimer* timer4_ = nullptr;
+    QTimer* timer6_ = nullptr;
 };
 
 }  // namespace zef::ui

@@ -9,12 +9,13 @@
 namespace zef::ui {
 
 ModelloLista::ModelloLista(const Sistema& s, QObject* parent)
-    : QAbstractTableModel(parent), s_(s), carattere_(vista::CarattereFisso(10)) {}
+    : QAbstractTableModel(parent), s_(s), carattere_(vista::CarattereFisso(10)), righe_(righeAttuali()) {}
 
-int ModelloLista::rowCount(const QModelIndex& parent) const {
-    if (parent.isValid()) return 0;
+int ModelloLista::righeAttuali() const {
     return static_cast<int>(std::min<int64_t>(s_.MSFlexGrid1.Rows(), std::numeric_limits<int>::max()));
 }
+
+int ModelloLista::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : righe_; }
 
 int ModelloLista::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : 1; }
 
@@ -31,8 +32,19 @@ QVariant ModelloLista::data(const QModelIndex& indice, int ruolo) const {
 }
 
 void ModelloLista::ricarica() {
-    beginResetModel();
-    endResetModel();
+    const int nuove = righeAttuali();
+    if (nuove < righe_) {
+        beginResetModel();
+        righe_ = nuove;
+        endResetModel();
+        return;
+    }
+    if (righe_ > 0) emit dataChanged(index(0, 0), index(righe_ - 1, 0));
+    if (nuove > righe_) {
+        beginInsertRows({}, righe_, nuove - 1);
+        righe_ = nuove;
+        endInsertRows();
+    }
 }
 
 }  // namespace zef::ui

@@ -20,12 +20,16 @@ public:
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& indice, int ruolo = Qt::DisplayRole) const override;
 
-    // The list changed under the model (rebuilt, rows added or deleted).
+    // The list changed under the model (rebuilt, rows added or deleted). Rows added at
+    // the end (the cover grows the list a tick at a time) are announced as inserted,
+    // so the view does not start over; fewer rows reset the model.
     void ricarica();
 
 private:
+    int righeAttuali() const;
     const Sistema& s_;
     QFont carattere_;
+    int righe_ = 0;  // the count the view was told
 };
 
 }  // namespace zef::ui

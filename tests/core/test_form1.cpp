@@ -416,3 +416,19 @@ TEST(Form1Lista, VisualizzaEliminaEMenuContestuale) {
     w.f.mouseDownLista(2);
     EXPECT_EQ(popup, 1);
 }
+
+TEST(Form1Timer, Timer6UnaVoltaSolaETimer4SoloSeAbilitato) {
+    Finestra w;
+    int controlli = 0, tick = 0;
+    w.f.ControllaAggiornamento = [&] { ++controlli; };
+    w.f.tickTimer4 = [&] { ++tick; };
+    w.f.timer6();
+    w.f.timer6();
+    EXPECT_EQ(controlli, 1);
+    w.f.timer4();
+    EXPECT_EQ(tick, 0);
+    w.s.Timer4Abilitato = true;
+    w.f.timer4();
+    w.f.timer4();
+    EXPECT_EQ(tick, 2);
+}

@@ -314,3 +314,52 @@ TEST(FinestreAccessorie, SplashSiChiudeDaSolaEAboutMostraLaVersione) {
     EXPECT_FALSE(about.isVisible());
     EXPECT_EQ(about.result(), QDialog::Accepted);
 }
+
+TEST(Form1View, ListaCheCresceInCodaNonRicominciaDaCapo) {
+    Programma p;
+    Lista(p, 10);
+    QTableView* g = p.w().MSFlexGrid1();
+    g->selectionModel()->setCurrentIndex(g->model()->index(7, 0),
+                                         QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    int reset = 0, inserite = 0;
+    QObject::connect(g->model(), &QAbstractItemModel::modelReset, [&] { ++reset; });
+    QObject::connect(g->model(), &QAbstractItemModel::rowsInserted,
+                     [&](const QModelIndex&, int primo, int ultimo) { inserite += ultimo - primo + 1; });
+    p.s().MSFlexGrid1.AddItem(" 1  2  3 ");
+    p.s().MSFlexGrid1.AddItem(" 4  5  6 ");
+    p.w().aggiorna();
+    EXPECT_EQ(reset, 0);
+    EXPECT_EQ(inserite, 2);
+    EXPECT_EQ(g->model()->rowCount(), 12);
+    EXPECT_EQ(g->currentIndex().row(), 7);
+    EXPECT_EQ(g->model()->index(11, 0).data().toString(), " 4  5  6 ");
+    // Fewer rows: the model starts over.
+    p.s().MSFlexGrid1.rimuovi(0, 4);
+    p.w().aggiorna();
+    EXPECT_EQ(reset, 1);
+    EXPECT_EQ(g->model()->rowCount(), 7);
+    // Same count, other rows: shown as they are now.
+    p.s().MSFlexGrid1.Clear();
+    for (int i = 0; i < 7; ++i) p.s().MSFlexGrid1.AddItem(" 9  9  9 ");
+    p.w().aggiorna();
+    EXPECT_EQ(g->model()->index(0, 0).data().toString(), " 9  9  9 ");
+}
+
+TEST(Form1View, Timer4GiraFinchéIlSistemaLoTieneAcceso) {
+    Programma p;
+    int tick = 0;
+    p.f().tickTimer4 = [&] {
+        p.s().MSFlexGrid1.AddItem(" 1  2  3 ");
+        if (++tick == 5) p.s().Timer4Abilitato = false;
+    };
+    EXPECT_FALSE(p.w().Timer4()->isActive());
+    p.s().Timer4Abilitato = true;
+    p.w().aggiorna(false);
+    EXPECT_TRUE(p.w().Timer4()->isActive());
+    for (int i = 0; i < 200 && p.w().Timer4()->isActive(); ++i) QTest::qWait(5);
+    EXPECT_FALSE(p.w().Timer4()->isActive());
+    EXPECT_EQ(tick, 5);
+    EXPECT_EQ(p.w().modelloLista()->rowCount(), 5);
+    EXPECT_TRUE(p.w().Timer6()->isSingleShot());
+    EXPECT_EQ(p.w().Timer6()->interval(), 5000);
+}
