@@ -61,10 +61,12 @@ void Form4View::mostra(const StatoAvanzamento& st) {
     text1_->setText(Q(st.testo1));
     text2_->setText(Q(st.testo2));
     label4_->setText(Q(st.suggerimento));
-    label2_->setVisible(!st.etichetta1.empty() || !st.testo1.empty());
-    text1_->setVisible(label2_->isVisible());
-    label3_->setVisible(!st.etichetta2.empty() || !st.testo2.empty());
-    text2_->setVisible(label3_->isVisible());
+    const bool primo = !st.etichetta1.empty() || !st.testo1.empty();
+    const bool secondo = !st.etichetta2.empty() || !st.testo2.empty();
+    label2_->setVisible(primo);
+    text1_->setVisible(primo);
+    label3_->setVisible(secondo);
+    text2_->setVisible(secondo);
     // The bar works in ints: large counts are scaled to a thousandths range.
     const double span = st.massimo - st.minimo;
     if (span <= 0) {

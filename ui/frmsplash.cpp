@@ -142,6 +142,7 @@ FrmAbout::FrmAbout(QWidget* parent) : QDialog(parent) {
     avviso->setObjectName("lblDisclaimer");
     avviso->setWordWrap(true);
     avviso->setStyleSheet("color: #606060");
+    avviso->setFont(vista::CarattereFinestra(8));
 
     cmdOK_ = new QPushButton("OK");
     cmdOK_->setObjectName("cmdOK");

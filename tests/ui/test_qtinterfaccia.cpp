@@ -104,6 +104,8 @@ TEST(QtInterfaccia, FinestraDiAvanzamentoEdESC) {
     EXPECT_EQ(f->Label1()->text(), "Sviluppo in corso...");
     EXPECT_EQ(f->Text1()->text(), "15");
     EXPECT_EQ(f->Text2()->text(), "20");
+    EXPECT_TRUE(f->Text1()->isVisibleTo(f));
+    EXPECT_TRUE(f->Text2()->isVisibleTo(f));
     EXPECT_EQ(f->ProgressBar1()->value(), 750);
     // The close button is ESC, not a way out.
     f->close();
@@ -111,6 +113,18 @@ TEST(QtInterfaccia, FinestraDiAvanzamentoEdESC) {
     EXPECT_EQ(ui.tastiAvanzamento(), std::vector<int>{27});
     vista::EseguiInThread([&] { ui.chiudiAvanzamento(); });
     EXPECT_EQ(ui.finestraAvanzamento(), nullptr);
+}
+
+TEST(Form4View, ConteggiVisibiliAncheSeImpostatiPrimaDiMostrare) {
+    Form4View f;
+    StatoAvanzamento st;
+    st.etichetta1 = "Combinazioni ok:";
+    st.testo1 = "3";
+    f.mostra(st);
+    f.show();
+    EXPECT_TRUE(f.Text1()->isVisible());
+    EXPECT_FALSE(f.Text2()->isVisible());  // no second count given
+    EXPECT_EQ(f.ProgressBar1()->value(), 0);  // empty range
 }
 
 TEST(QtInterfaccia, BarraPrincipaleAggiornataSenzaIntasareLaCoda) {
