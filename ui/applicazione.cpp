@@ -5,7 +5,13 @@
 #include "ui/vista_comune.h"
 
 #include <QCoreApplication>
+#include <QCursor>
 #include <QPointer>
+
+#if __has_include("ui/finestre_giocata.h")
+#include "ui/finestre_giocata.h"
+#define ZEF_FINESTRE_GIOCATA 1
+#endif
 
 namespace zef::ui {
 
@@ -18,6 +24,7 @@ Applicazione::Applicazione(const Opzioni& opzioni)
     vista_ = std::make_unique<Form1View>(f1_, *s_, ui_);
     ui_.impostaFinestra(vista_.get());
     ui_.impostaBarra(vista_->ProgressBar1());
+    collegaFinestre();
 }
 
 Applicazione::~Applicazione() = default;
@@ -42,6 +49,23 @@ void Applicazione::collega() {
     f1_.Apri = [&s, &ui] { zef::Apri(s, ui); };
     f1_.Salva = [&s, &ui] { zef::Salva(s, ui); };
     f1_.SalvaConNome = [&s, &ui] { zef::SalvaConNome(s, ui); };
+}
+
+void Applicazione::collegaFinestre() {
+#ifdef ZEF_FINESTRE_GIOCATA
+    // Play dialog, development and fixed numbers, add-column box, the list's popup.
+    auto giocata = std::make_shared<FinestreGiocata>(*s_, ui_, vista_.get());
+    giocata->dopoModifica = [this] { vista_->aggiorna(); };
+    FinestreGiocata* g = giocata.get();
+    f1_.mostraForm2 = [g] { g->apriForm2(); };
+    f1_.mostraForm20 = [g] { g->apriForm20(); };
+    f1_.mostraForm17 = [g] { g->apriForm17(); };
+    f1_.mostraForm18 = [g] { g->apriForm18(QCursor::pos()); };
+    f1_.scaricaForm2 = [g] { g->scaricaForm2(); };
+    f1_.scaricaForm12 = [g] { g->scaricaForm12(); };
+    finestre_.push_back(giocata);
+#endif
+    vista_->aggiorna(false);
 }
 
 void Applicazione::avvia() {

@@ -9,6 +9,7 @@
 #include "ui/qtinterfaccia.h"
 
 #include <memory>
+#include <vector>
 
 namespace zef::ui {
 
@@ -33,12 +34,17 @@ public:
 
 private:
     void collega();
+    // The views of the other windows, as far as they are in the tree.
+    void collegaFinestre();
 
     Opzioni opzioni_;
     std::unique_ptr<Sistema> s_;
     QtInterfaccia ui_;
     Form1 f1_;
     std::unique_ptr<Form1View> vista_;
+    // The windows of other subsystems, owned here (type-erased: each is wired only
+    // when its views are in the tree).
+    std::vector<std::shared_ptr<void>> finestre_;
 };
 
 }  // namespace zef::ui
