@@ -8,9 +8,8 @@
 #include <QCursor>
 #include <QPointer>
 
-#if __has_include("ui/finestre_giocata.h")
+#ifdef ZEF_FINESTRE_GIOCATA
 #include "ui/finestre_giocata.h"
-#define ZEF_FINESTRE_GIOCATA 1
 #endif
 
 namespace zef::ui {
