@@ -161,6 +161,12 @@ void Form1::Riduzione(int livello) {
     // Cinquina is Option1, ambo Option4.
     const int opzione = livello == 0 ? 0 : 6 - livello;
     if (opzione > 0) {
+        if (caricaForm5) {
+            caricaForm5();
+        } else if (!s_.form5.caricato) {
+            s_.form5.scarica();
+            s_.form5.caricato = true;
+        }
         s_.form5.Option.fill(false);
         s_.form5.Option[opzione - 1] = true;
     }

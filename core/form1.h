@@ -77,8 +77,11 @@ public:
     std::function<void()> mostraForm6;      // Command6: win check, modal
     std::function<void()> mostraForm17;     // Command9 and popup Aggiungi
     std::function<void()> mostraForm18;     // right button on the list: popup menu
-    // Reduction dialog: loads it if needed; `opzione` 1..4 (cinquina..ambo) is set
-    // there before it is shown, 0 shows it as it stands.
+    // Reduction dialog. A Garanzia item loads it (caricaForm5; when empty, the
+    // options come back to their start values if it was not loaded), sets the option
+    // of its level in Sistema::form5, then shows it: `opzione` 1..4 (cinquina..ambo),
+    // 0 from RIDUCI, which shows it as it stands.
+    std::function<void()> caricaForm5;
     std::function<void(int opzione)> mostraForm5;
     std::function<void()> mostraForm19;     // Sviluppo ridotto
     std::function<void()> mostraForm9;      // Informazioni

@@ -310,11 +310,40 @@ TEST(Form1Riduzione, MessaggiEOpzioneDellaGaranzia) {
         EXPECT_EQ(aperto, i + 1);
         for (int o = 0; o < 4; ++o) EXPECT_EQ(w.s.form5.Option[o], o == i) << livelli[i];
     }
+    EXPECT_TRUE(w.s.form5.caricato);
     // Command8 leaves the options as they stand.
     w.f.clickCommand8();
     EXPECT_EQ(aperto, 0);
     EXPECT_TRUE(w.s.form5.Option[3]);
     EXPECT_EQ(w.ui.box.size(), 2u);
+}
+
+TEST(Form1Riduzione, LOpzioneVaImpostataDopoIlCaricamento) {
+    Finestra w;
+    Sviluppo(w.s, 2, 5);
+    std::vector<std::string> ordine;
+    // A load that brings the options back to cinquina must not undo the item's choice.
+    w.f.caricaForm5 = [&] {
+        ordine.push_back("carica");
+        w.s.form5.scarica();
+        w.s.form5.caricato = true;
+    };
+    w.f.mostraForm5 = [&](int opzione) {
+        ordine.push_back("mostra " + std::to_string(opzione));
+        EXPECT_TRUE(w.s.form5.Option[2]);
+        EXPECT_FALSE(w.s.form5.Option[0]);
+    };
+    w.f.menuGaranzia(3);
+    EXPECT_EQ(ordine, (std::vector<std::string>{"carica", "mostra 3"}));
+    // An already loaded dialog keeps its other options when no load hook is set.
+    Finestra v;
+    Sviluppo(v.s, 2, 5);
+    v.s.form5.caricato = true;
+    v.s.form5.cento = false;
+    v.f.mostraForm5 = [](int) {};
+    v.f.menuGaranzia(2);
+    EXPECT_FALSE(v.s.form5.cento);
+    EXPECT_TRUE(v.s.form5.Option[3]);
 }
 
 TEST(Form1Menu, StampaInformazioniSviluppoRidotto) {
