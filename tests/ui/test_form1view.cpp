@@ -12,6 +12,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -26,6 +27,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <map>
 #include <string>
 #include <vector>
@@ -362,4 +364,38 @@ TEST(Form1View, Timer4GiraFinchéIlSistemaLoTieneAcceso) {
     EXPECT_EQ(p.w().modelloLista()->rowCount(), 5);
     EXPECT_TRUE(p.w().Timer6()->isSingleShot());
     EXPECT_EQ(p.w().Timer6()->interval(), 5000);
+}
+
+// Save as, New, Open through the menus of the program: the file commands are wired
+// and the window follows the title, the Salva item and the list.
+TEST(Form1View, SalvaNuovoERiapriDalMenu) {
+    Programma p;
+    const std::string percorso = (QDir::tempPath() + "/zef_test_form1view.zfr").toStdString();
+    std::remove(percorso.c_str());
+    p.app.interfaccia().rispostaFile = [&](bool) -> std::optional<std::string> { return percorso; };
+    for (int n : {5, 10, 15, 20}) p.w().Command1(n - 1)->click();
+    Lista(p, 4);
+    p.w().voce("SalvaConNome")->trigger();
+    EXPECT_EQ(p.w().windowTitle().toStdString(), "Zefiranto 2.0 -  SISTEMA: " + percorso);
+    EXPECT_TRUE(p.w().voce("Salva")->isEnabled());
+
+    p.w().voce("Nuovo")->trigger();
+    EXPECT_TRUE(p.box.empty());  // just saved: no prompt
+    EXPECT_EQ(p.w().windowTitle(), "Zefiranto 2.0 -  sistema senza nome");
+    EXPECT_FALSE(p.w().voce("Salva")->isEnabled());
+    EXPECT_EQ(p.w().modelloLista()->rowCount(), 0);
+    EXPECT_EQ(p.w().Label2()->text(), "0");
+
+    p.w().voce("Apri")->trigger();  // New left it unsaved: the prompt first, No
+    ASSERT_EQ(p.box.size(), 1u);
+    EXPECT_EQ(p.box[0].testo, "Vuoi salvare il sistema ?");
+    EXPECT_EQ(p.w().windowTitle().toStdString(), "Zefiranto 2.0 -  SISTEMA: " + percorso);
+    EXPECT_EQ(p.w().Label2()->text(), "4");
+    EXPECT_TRUE(p.w().Command1(14)->styleSheet().contains("#FF8000"));
+    EXPECT_EQ(p.w().ListaCol()->text(), "4");
+    ASSERT_EQ(p.w().modelloLista()->rowCount(), 4);
+    EXPECT_EQ(p.w().modelloLista()->index(3, 0).data().toString(),
+              QString::fromStdString(std::string(p.s().MSFlexGrid1.riga(3))));
+    EXPECT_EQ(p.s().NumColonne, 4);
+    std::remove(percorso.c_str());
 }
