@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 namespace zef::ui {
@@ -63,7 +64,9 @@ Form20View::Form20View(Form20& modello, Interfaccia& ui, vista::EseguiInLavoro e
     layout->addLayout(pulsanti);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 
-    connect(combo1_, &QComboBox::activated, this, [this](int i) { m_.Combo1 = i; });
+    connect(combo1_, &QComboBox::currentIndexChanged, this, [this](int i) {
+        if (i >= 0) m_.Combo1 = i;
+    });
     connect(text1_, &QLineEdit::textEdited, this, [this](const QString& t) { m_.Text1 = S(t); });
     connect(command3_, &QPushButton::clicked, this, [this] {
         EseguiEvento(ui_, [this] { m_.clickCommand3(); });
@@ -81,6 +84,7 @@ Form20View::Form20View(Form20& modello, Interfaccia& ui, vista::EseguiInLavoro e
 }
 
 void Form20View::aggiorna() {
+    QSignalBlocker blocco(combo1_);
     combo1_->setCurrentIndex(m_.Combo1);
     if (text1_->text() != Q(m_.Text1)) text1_->setText(Q(m_.Text1));
 }
