@@ -124,10 +124,16 @@ bool Form20View::eventFilter(QObject* oggetto, QEvent* evento) {
     return QDialog::eventFilter(oggetto, evento);
 }
 
+void Form20View::abilitaComandi(bool abilitati) {
+    const std::initializer_list<QWidget*> comandi = {combo1_, text1_, command1_, command2_, command3_, command4_};
+    for (QWidget* w : comandi) w->setEnabled(abilitati);
+}
+
 void Form20View::avvia() {
     if (inLavoro_) return;
     inLavoro_ = true;
-    command1_->setEnabled(false);
+    // The worker reads the model: nothing in the dialog may change it meanwhile.
+    abilitaComandi(false);
     qApp->installEventFilter(this);
     auto lavoro = [this] { EseguiEvento(ui_, [this] { m_.clickCommand1(); }); };
     try {
@@ -137,7 +143,7 @@ void Form20View::avvia() {
         ui_.messaggio(std::string("Errore: ") + e.what(), "", Icona::Critico);
     }
     qApp->removeEventFilter(this);
-    command1_->setEnabled(true);
+    abilitaComandi(true);
     inLavoro_ = false;
     // Unloaded by a started development: the dialog is done. Refused: it stays open.
     if (!m_.caricato) done(QDialog::Accepted);

@@ -44,6 +44,7 @@ protected:
 
 private:
     void avvia();
+    void abilitaComandi(bool abilitati);
     void chiudiSeScaricato();
 
     Form20& m_;

@@ -105,6 +105,7 @@ TEST(Form20View, DimensioneOltreIlPronosticoLasciaApertoIlDialogo) {
     EXPECT_EQ(ui.box[1].icona, Icona::Critico);
     EXPECT_TRUE(v.isVisible());
     EXPECT_TRUE(v.Command1()->isEnabled());
+    EXPECT_TRUE(v.Combo1()->isEnabled());
     EXPECT_EQ(s.NumColonne, 9);
     EXPECT_EQ(v.Combo1()->currentText(), "QUARTINE");
     // within the forecast the conditions open
@@ -149,11 +150,13 @@ TEST(Form20View, IlDialogoSiTogliQuandoCompareLAvanzamento) {
     Form20View v(f, ui);  // the default runner: a thread and a local loop
     QDialog avanzamento;
     std::atomic<int> visibileAllaMostra{-1};
+    std::atomic<int> comandiAttivi{-1};
     // As the Qt interface does: the worker's call is carried to the interface thread.
     ui.allaMostra = [&] {
         QMetaObject::invokeMethod(
             &avanzamento,
             [&] {
+                comandiAttivi = v.Combo1()->isEnabled() + v.Command2()->isEnabled();
                 avanzamento.show();
                 visibileAllaMostra = v.isVisible() ? 1 : 0;
             },
@@ -162,6 +165,7 @@ TEST(Form20View, IlDialogoSiTogliQuandoCompareLAvanzamento) {
     v.show();
     Clic(v.Command1());
     EXPECT_EQ(visibileAllaMostra.load(), 0);
+    EXPECT_EQ(comandiAttivi.load(), 0);  // nothing to click while the worker reads the model
     EXPECT_EQ(s.NumColonne, 120);  // C(10, 3)
 }
 
