@@ -46,8 +46,9 @@ void Verifica(QWidget* w, const char* nome) {
     }
     QPixmap p = w->grab();
     ASSERT_FALSE(p.isNull()) << nome;
-    if (const char* cartella = std::getenv("ZEF_SCHERMATE"))
+    if (const char* cartella = std::getenv("ZEF_SCHERMATE")) {
         EXPECT_TRUE(p.save(QString("%1/%2.png").arg(cartella, nome))) << nome;
+    }
 }
 
 }  // namespace
