@@ -115,3 +115,20 @@ TEST(Form18Menu, AggiungiApreLaColonnaDaAggiungere) {
     ASSERT_EQ(s.MSFlexGrid1.Rows(), 1);
     EXPECT_EQ(s.MSFlexGrid1.riga(0), Riga("05 10"));
 }
+
+TEST(Form17View, BlanchiESegniOccupanoIPosti) {
+    // a blank fills a place as a digit does: " 7 8" gives the blank-led form of the list
+    Sistema s;
+    Form17 f(s);
+    Form17View v(f);
+    v.show();
+    v.MaskEdBox1()->setFocus();
+    v.MaskEdBox1()->home(false);
+    QTest::keyClicks(v.MaskEdBox1(), " 7 8-1");
+    EXPECT_EQ(v.MaskEdBox1()->displayText().toStdString(), Riga(" 7  8 -1"));
+    EXPECT_EQ(f.MaskEdBox1, Riga(" 7  8 -1"));
+    Clic(v.Command1());
+    ASSERT_EQ(s.MSFlexGrid1.Rows(), 1);
+    EXPECT_EQ(NumeroInRiga(s.MSFlexGrid1.riga(0), 1), 7);
+    EXPECT_EQ(NumeroInRiga(s.MSFlexGrid1.riga(0), 2), 8);
+}
