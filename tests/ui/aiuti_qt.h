@@ -34,7 +34,7 @@ void AlProssimoModale(std::function<void(D*)> azione) {
         timer->stop();
         timer->deleteLater();
         azione(d);
-        if (d->isVisible()) d->reject();
+        if (d->isVisible()) static_cast<QDialog*>(d)->reject();
     });
     timer->start();
 }
