@@ -97,8 +97,8 @@ BENCHMARK_CAPTURE(SviluppoLetterale, sestine_di_40, 40, 6)->Unit(benchmark::kMil
 BENCHMARK_CAPTURE(SviluppoLetterale, cinquine_di_90_fino_al_limite, 90, 5)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // VISUALIZZA of the 3,838,380 columns of 40 numbers in SESTINE.
-void Visualizza40(benchmark::State& state) {
-    Sistema s;
+// The 3,838,380 columns of 40 numbers in SESTINE.
+void Sestine40(Sistema& s) {
     InterfacciaScriptata ui;
     for (int i = 0; i < 40; ++i) s.pad[i] = true;
     s.Label2 = "40";
@@ -107,6 +107,12 @@ void Visualizza40(benchmark::State& state) {
     s.colonne.dimensiona(6);
     MostraForm4(s, ui);
     SviluppaColonne(s, ui);
+}
+
+void Visualizza40(benchmark::State& state) {
+    Sistema s;
+    InterfacciaScriptata ui;
+    Sestine40(s);
     for (auto _ : state) {
         Visualizza(s, ui);
         benchmark::DoNotOptimize(s.MSFlexGrid1.Rows());
@@ -118,14 +124,7 @@ BENCHMARK(Visualizza40)->Unit(benchmark::kMillisecond)->UseRealTime();
 // The plain way: a heap string a row, built number by number.
 void VisualizzaLetterale40(benchmark::State& state) {
     Sistema s;
-    InterfacciaScriptata ui;
-    for (int i = 0; i < 40; ++i) s.pad[i] = true;
-    s.Label2 = "40";
-    s.PronosticoDalPad();
-    s.SviluppoK = 6;
-    s.colonne.dimensiona(6);
-    MostraForm4(s, ui);
-    SviluppaColonne(s, ui);
+    Sestine40(s);
     for (auto _ : state) {
         std::vector<std::string> righe(s.NumColonne);
         for (int64_t c = 1; c <= s.NumColonne; ++c) {

@@ -3,6 +3,7 @@
 #include "cli/sviluppo_cli.h"
 #include "core/form20.h"
 #include "core/giocate.h"
+#include "files/filesistema.h"
 
 #include <iostream>
 
@@ -13,6 +14,7 @@ struct Opzioni {
     OpzioniSviluppo sviluppo;
     bool colonne = false;
     bool visualizza = false;
+    std::string uscita;
 };
 
 RegistraComando registra("sviluppa", [](CLI::App& app) -> Esecuzione {
@@ -21,6 +23,7 @@ RegistraComando registra("sviluppa", [](CLI::App& app) -> Esecuzione {
     AggiungiOpzioniSviluppo(sub, o->sviluppo);
     sub->add_flag("--colonne", o->colonne, "stampa le colonne");
     sub->add_flag("--visualizza", o->visualizza, "costruisce la lista delle giocate (VISUALIZZA)");
+    sub->add_option("-o,--output", o->uscita, "salva il sistema in un file .zfr");
 
     return [o]() {
         Sistema s;
@@ -37,6 +40,7 @@ RegistraComando registra("sviluppa", [](CLI::App& app) -> Esecuzione {
         std::cout << "ESAMINATE: " << s.ColonneEsaminate << "\n";
         if (pieno) std::cout << "MEMORIA ESAURITA\n";
         if (o->visualizza && s.NumColonne > 0) Visualizza(s, ui);
+        if (!o->uscita.empty()) ScriviSistema(s, o->uscita);
 
         if (o->colonne) {
             std::string riga;

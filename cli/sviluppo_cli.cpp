@@ -71,14 +71,14 @@ void Sviluppa(Sistema& s, InterfacciaScriptata& ui, const OpzioniSviluppo& o) {
     if (!o.fisse.empty()) {
         Form12 f12(s, f20);
         f12.carica();
-        for (int n : ListaNumeri(o.fisse, "--fisse")) {
+        auto fisse = ListaNumeri(o.fisse, "--fisse");
+        for (int n : fisse) {
             auto it = std::find(f12.List1.begin(), f12.List1.end(), std::to_string(n));
             if (it == f12.List1.end()) throw InputNonValido("Numero fisso fuori dal pronostico: " + std::to_string(n));
             f12.selezionata[it - f12.List1.begin()] = true;
         }
         f12.clickCommand1();
-        int selezionate = static_cast<int>(std::count(f12.selezionata.begin(), f12.selezionata.end(), true));
-        if (selezionate != s.NumFissi)
+        if (static_cast<int>(fisse.size()) != s.NumFissi)
             throw InputNonValido("Troppi numeri fissi: al massimo " + std::to_string(k - 1));
     }
     if (!o.condizioni.empty()) {

@@ -11,7 +11,7 @@ PACKAGES=(
   libgtest-dev libgmock-dev libbenchmark-dev
   libcli11-dev nlohmann-json3-dev libzip-dev zlib1g-dev
   fonts-liberation fonts-comic-neue fontconfig
-  xvfb xauth
+  xvfb xauth poppler-utils
 )
 
 missing=()

@@ -1,16 +1,13 @@
 #include "core/basic.h"
 #include "core/errori.h"
 
+#include "support/prova_sistema.h"
+
 #include <gtest/gtest.h>
 
 using namespace zef;
 
-namespace {
-struct Separatore {
-    explicit Separatore(char c) { ImpostaSeparatoreDecimale(c); }
-    ~Separatore() { ImpostaSeparatoreDecimale(0); }
-};
-}  // namespace
+using prova::Separatore;
 
 TEST(TestoNumeri, FormaConSegnoESemplice) {
     EXPECT_EQ(TestoConSegno(7), " 7");

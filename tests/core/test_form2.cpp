@@ -4,16 +4,13 @@
 #include "core/interfaccia_scriptata.h"
 #include "core/sistema.h"
 
+#include "support/prova_sistema.h"
+
 #include <gtest/gtest.h>
 
 using namespace zef;
 
-namespace {
-struct Separatore {
-    explicit Separatore(char c) { ImpostaSeparatoreDecimale(c); }
-    ~Separatore() { ImpostaSeparatoreDecimale(0); }
-};
-}  // namespace
+using prova::Separatore;
 
 TEST(Form2, AbilitazioneSecondoLaDimensione) {
     Sistema s;

@@ -22,4 +22,10 @@ inline std::vector<int> Numeri(int n, int passo = 1, int primo = 1) {
     return v;
 }
 
+// Fixes the decimal separator for the life of the object.
+struct Separatore {
+    explicit Separatore(char c) { ImpostaSeparatoreDecimale(c); }
+    ~Separatore() { ImpostaSeparatoreDecimale(0); }
+};
+
 }  // namespace zef::prova
