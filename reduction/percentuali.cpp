@@ -6,6 +6,7 @@
 #include "core/sistema.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdio>
 
 namespace zef {
@@ -74,6 +75,85 @@ void Form8::leggiLista() {
         for (int p = 1; p <= k && p <= 10; ++p) x.n[p - 1] = static_cast<uint8_t>(NumeroInRiga(t, p));
         x.regolare = Distinti(x.n, std::min(k, 10));
         x.m = MascheraDi(x.n, std::min(k, 10));
+    }
+    righePerNumero_.clear();
+    parole_ = 0;
+    const bool tutteRegolari = std::all_of(righe_.begin(), righe_.end(), [](const Riga& x) { return x.regolare; });
+    if (tutteRegolari && R > 0 && R <= (int64_t{1} << 20)) {
+        parole_ = static_cast<size_t>((R + 63) / 64);
+        righePerNumero_.assign(91 * parole_, 0);
+        for (int64_t r = 0; r < R; ++r)
+            for (int p = 0; p < std::min(k, 10); ++p)
+                righePerNumero_[righe_[r].n[p] * parole_ + (r >> 6)] |= uint64_t{1} << (r & 63);
+        for (auto& v : conColpi_) v.assign(parole_, 0);
+    }
+}
+
+namespace {
+
+// Index of the highest set bit over words 0..fino, or -1.
+int64_t UltimoBit(const uint64_t* v, size_t fino) {
+    for (size_t w = fino + 1; w-- > 0;)
+        if (v[w]) return static_cast<int64_t>(w * 64 + 63 - std::countl_zero(v[w]));
+    return -1;
+}
+
+__attribute__((target_clones("popcnt", "default")))
+int Conta(const uint64_t* v, size_t fino, int64_t dopo) {
+    // bits above `dopo` (-1: all) over words 0..fino
+    int c = 0;
+    for (size_t w = 0; w <= fino; ++w) {
+        uint64_t x = v[w];
+        const int64_t base = static_cast<int64_t>(w) * 64;
+        if (dopo >= base + 63) continue;
+        if (dopo >= base) x &= ~uint64_t{0} << (dopo - base + 1);
+        c += __builtin_popcountll(x);
+    }
+    return c;
+}
+
+}  // namespace
+
+void Form8::valutaPerInsiemi(const uint8_t* comb, int W[6], int G[6]) {
+    const size_t P = parole_;
+    const uint64_t* insiemi[5];
+    for (int q = 0; q < L; ++q) insiemi[q] = &righePerNumero_[comb[q] * P];
+    // h of every row as a 3-bit count in (s2 s1 s0), 64 rows at a time.
+    size_t fino = P - 1;
+    for (size_t w = 0; w < P; ++w) {
+        uint64_t s0 = 0, s1 = 0, s2 = 0;
+        for (int q = 0; q < L; ++q) {
+            const uint64_t x = insiemi[q][w];
+            const uint64_t c0 = s0 & x;
+            s0 ^= x;
+            const uint64_t c1 = s1 & c0;
+            s1 ^= c0;
+            s2 |= c1;
+        }
+        conColpi_[5][w] = s2 & ~s1 & s0;
+        conColpi_[4][w] = s2 & ~s1 & ~s0;
+        conColpi_[3][w] = ~s2 & s1 & s0;
+        conColpi_[2][w] = ~s2 & s1 & ~s0;
+        const uint64_t interi = conColpi_[L][w];
+        if (interi) {
+            // the first row holding the whole draw ends the scan: later rows don't count
+            const uint64_t fino_a = interi & (~interi + 1);
+            const uint64_t tieni = fino_a | (fino_a - 1);
+            for (int h = 2; h <= 5; ++h) conColpi_[h][w] &= tieni;
+            fino = w;
+            break;
+        }
+    }
+    for (int h = 2; h <= 5; ++h) W[h] = Conta(conColpi_[h].data(), fino, -1);
+    // A row with a higher win sets the lower kinds to their minimum: what counts is
+    // the rows after the last such row.
+    G[5] = W[5];
+    std::vector<uint64_t>& sopra = conColpi_[0];
+    sopra.assign(P, 0);
+    for (int h = 4; h >= 2; --h) {
+        for (size_t w = 0; w <= fino; ++w) sopra[w] |= conColpi_[h + 1][w];
+        const int64_t ultimo = UltimoBit(sopra.data(), fino);
+        G[h] = ultimo < 0 ? W[h] : MinimoVincite[5 - h] + Conta(conColpi_[h].data(), fino, ultimo);
     }
 }
 
@@ -193,7 +273,15 @@ void Form8::timer1() {
         const Maschera mc = MascheraDi(comb, L);
         int W5 = 0, W4 = 0, W3 = 0, W2 = 0;
         int G5 = 0, G4 = 0, G3 = 0, G2 = 0;
-        for (int64_t r = 0; r < R; ++r) {
+        if (combRegolare && parole_ > 0 && L >= 2) {
+            int Wh[6] = {}, Gh[6] = {};
+            valutaPerInsiemi(comb, Wh, Gh);
+            W5 = Wh[5]; W4 = Wh[4]; W3 = Wh[3]; W2 = Wh[2];
+            G5 = Gh[5]; G4 = Gh[4]; G3 = Gh[3]; G2 = Gh[2];
+            StatVincite[4][2] += W5; StatVincite[3][2] += W4; StatVincite[2][2] += W3; StatVincite[1][2] += W2;
+        }
+        const bool fatto = combRegolare && parole_ > 0 && L >= 2;
+        for (int64_t r = 0; r < (fatto ? 0 : R); ++r) {
             const Riga& x = righe_[r];
             const int h = (combRegolare && x.regolare) ? comuni(x.m, mc) : Colpiti(x.n, k, comb, L);
             switch (h) {

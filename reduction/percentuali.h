@@ -62,6 +62,9 @@ private:
         uint8_t n[10];
     };
     void leggiLista();
+    // Hits of every row against one combination, counted by bit-sliced sums of
+    // per-number row sets; fills W (by h) and G (by h) exactly as the ordered scan.
+    void valutaPerInsiemi(const uint8_t* comb, int W[6], int G[6]);
     void preparaLivello(int nuovoL);
     void fineLivello();
     void azzeraStat();
@@ -69,6 +72,11 @@ private:
     Sistema& s_;
     Interfaccia& ui_;
     std::vector<Riga> righe_;
+    // Per number 1..90, the set of rows holding it (words of 64 rows); empty when
+    // some row holds a number twice or the list is too long for it.
+    std::vector<uint64_t> righePerNumero_;
+    size_t parole_ = 0;
+    std::array<std::vector<uint64_t>, 6> conColpi_;  // rows with h = 2..5
     Colonne ColonneTemp;
 };
 
