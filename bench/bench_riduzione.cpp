@@ -157,11 +157,14 @@ BENCHMARK_CAPTURE(Riduzione, accurato_14_cinquine_terno, 14, 5, 3, true, Veloce)
 BENCHMARK_CAPTURE(Riduzione, accurato_14_cinquine_terno_letterale, 14, 5, 3, true, Letterale)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK_CAPTURE(Riduzione, accurato_16_cinquine_terno, 16, 5, 3, true, Veloce)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Riduzione, accurato_16_cinquine_terno_letterale, 16, 5, 3, true, Letterale)->Unit(benchmark::kMillisecond)->Iterations(1);
+BENCHMARK_CAPTURE(Riduzione, accurato_20_cinquine_terno, 20, 5, 3, true, Veloce)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Riduzione, accurato_20_cinquine_terno_letterale, 20, 5, 3, true, Letterale)->Unit(benchmark::kMillisecond)->Iterations(1);
 // Fast reduction of the same 30/5/3: target < 0.2 s.
 BENCHMARK_CAPTURE(Riduzione, rapido_30_cinquine_terno, 30, 5, 3, false, Veloce)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Riduzione, rapido_30_cinquine_terno_letterale, 30, 5, 3, false, Letterale)->Unit(benchmark::kMillisecond)->Iterations(1);
 // Fast reduction, 90 numbers in QUARTINE (2,555,190 columns), ambo: target < 1 s.
 BENCHMARK_CAPTURE(Riduzione, rapido_90_quartine_ambo, 90, 4, 2, false, Veloce)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK_CAPTURE(Riduzione, rapido_90_quartine_ambo_letterale, 90, 4, 2, false, Letterale)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK_CAPTURE(Riduzione, rapido_50_quartine_ambo_letterale, 50, 4, 2, false, Letterale)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK_CAPTURE(Riduzione, rapido_50_quartine_ambo, 50, 4, 2, false, Veloce)->Unit(benchmark::kMillisecond);
 // Cover of 40 numbers in SESTINE at terno, no integral plays: target < 0.5 s.
