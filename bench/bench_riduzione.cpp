@@ -8,6 +8,7 @@
 #include "reduction/form19.h"
 #include "reduction/percentuali.h"
 #include "reduction/riduzione.h"
+#include "reduction/verifica.h"
 #include "tests/reduction/riferimento.h"
 #include "tests/reduction/riferimento_copertura.h"
 
@@ -148,7 +149,24 @@ void PercentualiLetterale(benchmark::State& state, int n, int k, int colonne) {
     }
 }
 
+// The check of the guarantee on the reduced list of a development.
+void Verifica(benchmark::State& state, int n, int k, int g) {
+    Sistema s;
+    Integrale(s, n, k);
+    InterfacciaScriptata ui;
+    int16_t gg = static_cast<int16_t>(g);
+    RiduciRapido(s, ui, gg, false);
+    Visualizza(s, ui);
+    for (auto _ : state) {
+        EsitoVerifica e = VerificaGaranzia(s, g);
+        state.counters["scoperte"] = static_cast<double>(e.scoperte);
+    }
+}
+
 }  // namespace
+
+// Guarantee check, 90 numbers in QUARTINE reduced at ambo: target < 1 s.
+BENCHMARK_CAPTURE(Verifica, quartine_90_ambo, 90, 4, 2)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 // Accurate reduction, 30 numbers in CINQUINE (142,506 columns), terno: target < 5 s.
 BENCHMARK_CAPTURE(Riduzione, accurato_30_cinquine_terno, 30, 5, 3, true, Veloce)->Unit(benchmark::kMillisecond)->Iterations(1);

@@ -16,13 +16,7 @@ namespace zef {
 using riduzione::C;
 using riduzione::PerOgniSottoinsieme;
 
-namespace {
-// A handful of numbers: insertion sort.
-void OrdinaPochi(uint8_t* v, int n) {
-    for (int i = 1; i < n; ++i)
-        for (int j = i; j > 0 && v[j - 1] > v[j]; --j) std::swap(v[j - 1], v[j]);
-}
-}  // namespace
+using riduzione::OrdinaPochi;
 
 std::string RigaCopertura(const uint8_t* numeri, int k) {
     std::string r = TestoRiga(numeri, k);

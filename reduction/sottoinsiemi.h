@@ -32,6 +32,16 @@ inline bool ColonnaRegolare(const uint8_t* v, int k) {
     return true;
 }
 
+// A handful of numbers: insertion sort.
+inline void OrdinaPochi(uint8_t* v, int n) {
+    for (int i = 1; i < n; ++i)
+        for (int j = i; j > 0 && v[j - 1] > v[j]; --j) {
+            uint8_t t = v[j];
+            v[j] = v[j - 1];
+            v[j - 1] = t;
+        }
+}
+
 // Calls f(rank) for every g-subset of the ascending numbers v[0..k), 1 <= g <= k.
 template <class F>
 inline void PerOgniSottoinsieme(const uint8_t* v, int k, int g, F&& f) {

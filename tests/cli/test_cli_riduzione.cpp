@@ -77,6 +77,13 @@ TEST(CliRiduci, ContiDaPronosticoEDaFile) {
     EXPECT_EQ(e.uscita.substr(0, 26), "Cinquina: - | - | - | -\nQu");
     EXPECT_NE(e.uscita.find("\nGARANZIA MASSIMA: "), std::string::npos);
     EXPECT_NE(e.uscita.find("\nGARANZIA MINIMA: "), std::string::npos);
+    e = Esegui("verifica " + out + " -g 3");
+    EXPECT_EQ(e.stato, 0);
+    EXPECT_EQ(e.uscita, "La lista garantisce il terno su tutte le 210 colonne sviluppate.\n");
+    e = Esegui("verifica " + out + " -g 4");  // reduced at terno: the quaterna is not kept
+    EXPECT_EQ(e.stato, 4);
+    EXPECT_EQ(e.uscita.rfind("La lista non garantisce la quaterna: ", 0), 0u);
+    EXPECT_EQ(Esegui("verifica " + out + " -g 6").stato, 1);
     std::filesystem::remove_all(dir);
 }
 

@@ -212,46 +212,6 @@ TEST(Copertura, IdenticaAlRiferimento) {
     }
 }
 
-TEST(Copertura, OgniBersaglioECopertoSenzaFiltri) {
-    std::mt19937 rng(31);
-    for (int prova = 0; prova < 20; ++prova) {
-        int n = 6 + static_cast<int>(rng() % 10);
-        int k = 3 + static_cast<int>(rng() % 4);
-        int g = 2 + static_cast<int>(rng() % (k - 2));
-        auto numeri = NumeriCasuali(rng, n);
-        Sistema s;
-        InterfacciaScriptata ui;
-        prova::ImpostaPronostico(s, numeri);
-        Form19 f(s, ui);
-        f.clickCombo1(k - 3);
-        f.clickCombo2(g - 2);
-        f.avviaEdEsegui();
-        std::vector<std::set<int>> righe;
-        for (int64_t r = 0; r < s.MSFlexGrid1.Rows(); ++r) {
-            std::set<int> st;
-            for (int p = 1; p <= k; ++p) st.insert(NumeroInRiga(s.MSFlexGrid1.riga(r), p));
-            righe.push_back(st);
-        }
-        // every g-subset of the forecast is in some row
-        std::vector<int> idx(g);
-        for (int i = 0; i < g; ++i) idx[i] = i;
-        for (;;) {
-            bool ok = false;
-            for (auto& st : righe) {
-                int c = 0;
-                for (int i : idx) c += st.count(numeri[i]);
-                ok |= c >= g;
-            }
-            ASSERT_TRUE(ok);
-            int i = g - 1;
-            while (i >= 0 && idx[i] == n - g + i) --i;
-            if (i < 0) break;
-            ++idx[i];
-            for (int j = i + 1; j < g; ++j) idx[j] = idx[j - 1] + 1;
-        }
-    }
-}
-
 TEST(Copertura, DomandaSulleIntegraliOltre30Numeri) {
     for (int n : {30, 31}) {
         Sistema s;
