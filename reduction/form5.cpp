@@ -120,6 +120,7 @@ bool ClickRiduci(Sistema& s, Interfaccia& ui) {
     if (!ControllaColonne(s, ui)) return false;
     Form5 f(s, ui);
     f.carica();
+    f.attiva();  // shown: activated
     return true;
 }
 
@@ -128,6 +129,7 @@ bool MenuGaranzia(Sistema& s, Interfaccia& ui, int g) {
     Form5 f(s, ui);
     f.carica();
     f.selezionaOption(6 - g);
+    f.attiva();
     return true;
 }
 

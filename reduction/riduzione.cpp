@@ -117,6 +117,12 @@ void RiduciRapido(Sistema& s, Interfaccia& ui, int16_t& garanzia, bool ricorsiva
         s.ColonneRidotte.dimensiona(k, n + 1);
         s.NumRidotte = 1;
         CopiaColonna(s.colonne, 1, s.ColonneRidotte, 1, k);  // column 1 is always kept
+    } else if (s.ColonneRidotte.capacita() < s.NumRidotte + n) {
+        // A list already there (the recursive branch) grows keeping its columns.
+        Colonne piu;
+        piu.dimensiona(k, s.NumRidotte + n + 1);
+        std::memcpy(piu.dati(), s.ColonneRidotte.dati(), static_cast<size_t>(s.NumRidotte) * k);
+        s.ColonneRidotte = std::move(piu);
     }
 
     CaricaForm4(s);

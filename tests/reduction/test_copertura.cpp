@@ -291,3 +291,19 @@ TEST(Copertura, RigaDiDecineSenzaSpazioFinale) {
     const uint8_t w[3] = {1, 42, 7};
     EXPECT_EQ(RigaCopertura(w, 3), " 1  42 7 ");
 }
+
+TEST(Copertura, OltreDueMilioniDiBersagliErroreSenzaCrash) {
+    // 90 numbers have 43,949,268 cinquine: the targets overflow the 2,000,000 rows.
+    Sistema s;
+    InterfacciaScriptata ui;
+    prova::ImpostaPronostico(s, prova::Numeri(90));
+    Form19 f(s, ui);
+    f.Combo1 = 3;
+    f.Combo2 = 3;
+    EseguiEvento(ui, [&] { f.avviaEdEsegui(); });
+    ASSERT_EQ(ui.box.size(), 1u);
+    EXPECT_NE(ui.box[0].testo.find("Indice non incluso nell'intervallo"), std::string::npos);
+    EXPECT_FALSE(s.Timer4Abilitato);
+    EXPECT_EQ(s.MSFlexGrid1.Rows(), 0);
+    EXPECT_EQ(s.NumColonne, 2'000'001);
+}

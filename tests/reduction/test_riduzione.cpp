@@ -234,3 +234,29 @@ TEST(Riduzioni, OgniColonnaECopertaAllaFine) {
         }
     }
 }
+
+TEST(RiduciRapido, RamoRicorsivoRiduceDueVolteSullaStessaLista) {
+    // Never taken by the program; kept in the interface: g - 1 first, then g on top.
+    Sistema s;
+    prova_rid::Sviluppa(s, prova::Numeri(9), 4);
+    InterfacciaScriptata ui;
+    int16_t g = 3;
+    RiduciRapido(s, ui, g, true);
+    Sistema u;
+    prova_rid::Sviluppa(u, prova::Numeri(9), 4);
+    int16_t g2 = 2;
+    RiduciRapido(u, ui, g2, false);
+    auto a = Ridotte(s), b = Ridotte(u);
+    ASSERT_GE(a.size(), b.size());
+    EXPECT_TRUE(std::equal(b.begin(), b.end(), a.begin()));  // the ambo pass first
+    // then every column is covered at terno by the grown list
+    for (int64_t i = 1; i <= s.NumColonne; ++i) {
+        bool ok = false;
+        for (auto& r : a) {
+            int c = 0;
+            for (int p = 1; p <= 4; ++p) c += std::count(r.begin(), r.end(), s.colonne.get(p, i));
+            ok |= c >= 3;
+        }
+        EXPECT_TRUE(ok) << i;
+    }
+}
