@@ -12,6 +12,7 @@ PACKAGES=(
   libcli11-dev nlohmann-json3-dev libzip-dev zlib1g-dev
   fonts-liberation fonts-comic-neue fontconfig
   xvfb xauth poppler-utils
+  imagemagick xdotool
 )
 
 missing=()

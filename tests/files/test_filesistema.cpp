@@ -1,4 +1,5 @@
-// The system file: exact bytes, round trips, files from the old platform, bad files.
+// The system file of a system made through the dialogs: its exact bytes, and the
+// same system read back and written again.
 
 #include "core/errori.h"
 #include "core/form2.h"
@@ -7,6 +8,7 @@
 #include "core/interfaccia_scriptata.h"
 #include "core/sistema.h"
 #include "files/filesistema.h"
+#include "files/aiuti_file.h"
 #include "support/prova_sistema.h"
 
 #include <gtest/gtest.h>
@@ -17,30 +19,10 @@
 #include <sstream>
 
 using namespace zef;
+using prova::Cartella;
 namespace fs = std::filesystem;
 
 namespace {
-
-struct Cartella {
-    fs::path p;
-    Cartella() {
-        p = fs::temp_directory_path() / ("zef_file_" + std::to_string(::getpid()) + "_" + std::to_string(rand()));
-        fs::create_directories(p);
-    }
-    ~Cartella() { fs::remove_all(p); }
-    std::string file(const std::string& n) const { return (p / n).string(); }
-};
-
-std::string Leggi(const std::string& f) {
-    std::ifstream in(f, std::ios::binary);
-    std::stringstream ss;
-    ss << in.rdbuf();
-    return ss.str();
-}
-void Scrivi(const std::string& f, const std::string& byte) {
-    std::ofstream out(f, std::ios::binary);
-    out << byte;
-}
 
 // A small developed, reduced and priced system with a hand-typed row.
 void SistemaDiProva(Sistema& s, InterfacciaScriptata& ui) {
@@ -79,7 +61,7 @@ TEST(FileSistema, ByteScrittiNellOrdineENeiFormiDelFormato) {
     InterfacciaScriptata ui;
     SistemaDiProva(s, ui);
     ScriviSistema(s, c.file("a.zfr"));
-    std::string b = Leggi(c.file("a.zfr"));
+    std::string b = prova::LeggiFile(c.file("a.zfr"));
     std::string atteso;
     for (int i = 1; i <= 90; ++i) atteso += (i == 3 || i == 9 || i == 27 || i == 45 || i == 81) ? "1\r\n" : "0\r\n";
     atteso += "2\r\n";
@@ -135,141 +117,29 @@ TEST(FileSistema, RiletturaEdUnNuovoSalvataggioDannoGliStessiByte) {
     // level 2 comes back with the reduction dialog's third option
     EXPECT_EQ(t.form5.Option, (std::array<bool, 4>{false, false, true, false}));
     ScriviSistema(t, c.file("b.zfr"));
-    EXPECT_EQ(Leggi(c.file("a.zfr")), Leggi(c.file("b.zfr")));
+    EXPECT_EQ(prova::LeggiFile(c.file("a.zfr")), prova::LeggiFile(c.file("b.zfr")));
 }
 
-TEST(FileSistema, FileScrittoSuWindowsSiCarica) {
-    ImpostaSeparatoreDecimale(',');
-    Cartella c;
-    std::string b;
-    for (int i = 1; i <= 90; ++i) b += (i <= 6) ? "1\r\n" : "0\r\n";
-    b += "0\r\n\"CONDIZIONATE: 1\"\r\n\"RIDOTTE: 0\"\r\n\"COSTO SISTEMA \x80: 2,5\"\r\n";
-    b += "6\r\n1\r\n1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n0\r\n";
-    b += "1\r\n\" 1  2  3  4  5  6 \"\r\n";
-    for (int i = 0; i <= 10; ++i) b += "#FALSE#\r\n";
-    b += "0\r\n1\r\n0\r\n0\r\n\"0,00\"\r\n\"2,5\"\r\n\"0,00\"\r\n\"0,00\"\r\n";
-    b += "\"Tutte le ruote, , , Terno \x80 2,50, , \"\r\n2.5\r\n#FALSE#\r\n0\r\n";
-    Scrivi(c.file("w.zfr"), b);
-    Sistema s;
-    InterfacciaScriptata ui;
-    ui.fileApri.push_back(c.file("w.zfr"));
-    Apri(s, ui);
-    EXPECT_TRUE(ui.box.empty());
-    EXPECT_EQ(s.pannelli[2], "COSTO SISTEMA €: 2,5");
-    EXPECT_EQ(s.Command2, "Tutte le ruote, , , Terno € 2,50, , ");
-    EXPECT_EQ(s.CostoColonna, Currency::daDecimillesimi(25000));
-    EXPECT_TRUE(s.form2.Option1[11]);  // none of 0..10 on: the twelfth stays as loaded
-    EXPECT_EQ(s.form2.testi[2], "2,5");
-    EXPECT_DOUBLE_EQ(s.NumCombinazioni, 1.0);
-    EXPECT_FALSE(s.PronosticoNonSviluppato);
-    ImpostaSeparatoreDecimale(0);
-}
-
-TEST(FileSistema, FileCattiviSiFermanoDoveSonoSenzaCrollare) {
+TEST(FileSistema, UnConteggioDiRigheOltreQuelleCheCiSonoSiFermaAllaFine) {
     Cartella c;
     Sistema buono;
     InterfacciaScriptata ui0;
     SistemaDiProva(buono, ui0);
     ScriviSistema(buono, c.file("a.zfr"));
-    const std::string b = Leggi(c.file("a.zfr"));
-    // cut at many points: every load ends with one box and keeps what it read; a
-    // cut between two lines runs out of input, a cut inside a value may read it as
-    // a value of another form
-    const std::string fine = "Si è verificato l'errore seguente: Input oltre la fine del file";
-    const std::string forma = "Si è verificato l'errore seguente: Tipo non corrispondente";
-    for (size_t taglio = 0; taglio + 3 < b.size(); taglio += 3) {  // the last value alone still reads
-        Scrivi(c.file("t.zfr"), b.substr(0, taglio));
-        Sistema s;
-        InterfacciaScriptata ui;
-        ui.fileApri.push_back(c.file("t.zfr"));
-        Apri(s, ui);
-        ASSERT_EQ(ui.box.size(), 1u) << taglio;
-        if (taglio == 0 || b.compare(taglio - 2, 2, "\r\n") == 0) EXPECT_EQ(ui.box[0].testo, fine) << taglio;
-        else EXPECT_TRUE(ui.box[0].testo == fine || ui.box[0].testo == forma) << taglio << ui.box[0].testo;
-        EXPECT_NE(s.titolo.substr(0, 26), "Zefiranto 2.0 -  SISTEMA: ") << taglio;
-        if (taglio > 90 * 3) EXPECT_EQ(s.Label2, "5") << taglio;  // the pad read stays
-    }
-    // a count far beyond the rows present
-    {
-        std::string g = b;
-        g.replace(g.find("3\r\n\" 3"), 1, "99999999");
-        Scrivi(c.file("g.zfr"), g);
-        Sistema s;
-        InterfacciaScriptata ui;
-        ui.fileApri.push_back(c.file("g.zfr"));
-        Apri(s, ui);
-        ASSERT_EQ(ui.box.size(), 1u);
-        EXPECT_EQ(s.NumColonne, 10);
-        EXPECT_GE(s.MSFlexGrid1.Rows(), 3);
-    }
-    // binary garbage, an empty file, a missing one
-    std::mt19937 rng(7);
-    std::string spazzatura;
-    for (int i = 0; i < 5000; ++i) spazzatura += static_cast<char>(rng());
-    Scrivi(c.file("x.zfr"), spazzatura);
-    Scrivi(c.file("vuoto.zfr"), "");
-    for (std::string f : {c.file("x.zfr"), c.file("vuoto.zfr"), c.file("manca.zfr")}) {
-        Sistema s;
-        InterfacciaScriptata ui;
-        ui.fileApri.push_back(f);
-        Apri(s, ui);
-        ASSERT_EQ(ui.box.size(), 1u) << f;
-        EXPECT_EQ(ui.box[0].testo.rfind("Si è verificato l'errore seguente: ", 0), 0u) << f;
-    }
-    // columns beyond the store, numbers that are not numbers
-    {
-        std::string g = b;
-        size_t dopoPannelli = g.find("\"COSTO");
-        dopoPannelli = g.find("\r\n", dopoPannelli) + 2;
-        g.replace(dopoPannelli, g.find("\r\n", dopoPannelli + 3) - dopoPannelli, "3\r\n30000000");
-        Scrivi(c.file("n.zfr"), g);
-        Sistema s;
-        InterfacciaScriptata ui;
-        ui.fileApri.push_back(c.file("n.zfr"));
-        Apri(s, ui);
-        EXPECT_EQ(ui.box.size(), 1u);
-    }
-}
-
-TEST(FileSistema, AnnullareNonDiceNullaESalvaSenzaNomeNonFaNulla) {
+    std::string g = prova::LeggiFile(c.file("a.zfr"));
+    g.replace(g.find("3\r\n\" 3"), 1, "99999999");
+    prova::ScriviFile(c.file("g.zfr"), g);
     Sistema s;
     InterfacciaScriptata ui;
-    prova::ImpostaPronostico(s, {1, 2, 3});
-    ui.fileApri.push_back(std::nullopt);
-    ui.fileSalva.push_back(std::nullopt);
-    Apri(s, ui);  // SistemaSalvato is True at start: no prompt
-    SalvaConNome(s, ui);
-    Salva(s, ui);
-    EXPECT_TRUE(ui.box.empty());
-    EXPECT_EQ(s.NumPronostico, 3);  // rebuilt from the pad whatever happened
-    EXPECT_EQ(s.titolo, "Zefiranto 2.0 - sistema non salvato");
-}
-
-TEST(FileSistema, ApriChiedeDiSalvareUnSistemaNonSalvato) {
-    Cartella c;
-    Sistema s;
-    InterfacciaScriptata ui;
-    prova::ImpostaPronostico(s, {1, 2, 3});
-    s.SistemaSalvato = false;
-    ui.risposte.push_back(Risposta::Si);
-    ui.fileSalva.push_back(c.file("prima.zfr"));
-    ui.fileApri.push_back(std::nullopt);
+    ui.fileApri.push_back(c.file("g.zfr"));
     Apri(s, ui);
     ASSERT_EQ(ui.box.size(), 1u);
-    EXPECT_EQ(ui.box[0].testo, "Vuoi salvare il sistema ?");
-    EXPECT_EQ(ui.box[0].titolo, "ATTENZIONE");
-    EXPECT_EQ(ui.box[0].icona, Icona::Esclamazione);
-    EXPECT_TRUE(fs::exists(c.file("prima.zfr")));
-    EXPECT_TRUE(s.SistemaSalvato);
-    EXPECT_EQ(s.titolo, "Zefiranto 2.0 -  SISTEMA: " + c.file("prima.zfr"));
-}
-
-TEST(FileSistema, SalvataggioImpossibileMostraLErrore) {
-    Sistema s;
-    InterfacciaScriptata ui;
-    ui.fileSalva.push_back("/nessuna/cartella/x.zfr");
-    SalvaConNome(s, ui);
-    ASSERT_EQ(ui.box.size(), 1u);
-    EXPECT_EQ(ui.box[0].testo.rfind("Si è verificato l'errore seguente: ", 0), 0u);
-    EXPECT_FALSE(s.SalvaAbilitato);
+    EXPECT_EQ(ui.box[0].testo, "Si è verificato l'errore seguente: Input oltre la fine del file");
+    EXPECT_EQ(s.NumColonne, 10);
+    EXPECT_EQ(s.NumRidotte, 2);
+    // the three rows, then the 23 values after them taken as rows, up to the end
+    ASSERT_EQ(s.MSFlexGrid1.Rows(), 3 + 11 + 4 + 4 + 4);
+    EXPECT_EQ(s.MSFlexGrid1.riga(3), "#FALSE#");
+    EXPECT_EQ(s.MSFlexGrid1.riga(25), "1");
+    EXPECT_EQ(s.titolo, titoli::NonSalvato);
 }

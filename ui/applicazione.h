@@ -1,0 +1,50 @@
+// The program as one object: the sistema, the Qt interface, the main window's
+// model and view, and the wiring of the model's hooks to the other windows and
+// subsystems. The other dialogs' views are wired here as they arrive.
+#pragma once
+
+#include "core/form1.h"
+#include "core/sistema.h"
+#include "ui/form1view.h"
+#include "ui/qtinterfaccia.h"
+
+#include <memory>
+#include <vector>
+
+namespace zef::ui {
+
+class Applicazione {
+public:
+    struct Opzioni {
+        bool splash = true;          // show frmSplash at start-up
+        int durataSplash = 2500;     // its Timer1, milliseconds
+        bool esciAllaFine = true;    // Exit ends the event loop
+    };
+    Applicazione();
+    explicit Applicazione(const Opzioni& opzioni);
+    ~Applicazione();
+
+    // Loads the main window (start-up steps) and shows it.
+    void avvia();
+
+    Sistema& sistema() { return *s_; }
+    QtInterfaccia& interfaccia() { return ui_; }
+    Form1& form1() { return f1_; }
+    Form1View& finestra() { return *vista_; }
+
+private:
+    void collega();
+    // The views of the other windows, as far as they are in the tree.
+    void collegaFinestre();
+
+    Opzioni opzioni_;
+    std::unique_ptr<Sistema> s_;
+    QtInterfaccia ui_;
+    Form1 f1_;
+    std::unique_ptr<Form1View> vista_;
+    // The windows of other subsystems, owned here (type-erased: each is wired only
+    // when its views are in the tree).
+    std::vector<std::shared_ptr<void>> finestre_;
+};
+
+}  // namespace zef::ui
