@@ -1,6 +1,7 @@
 #include "ui/applicazione.h"
 
 #include "files/filesistema.h"
+#include "ui/finestre_riduzione.h"
 #include "ui/frmsplash.h"
 #include "ui/vista_comune.h"
 
@@ -64,6 +65,7 @@ void Applicazione::collegaFinestre() {
     f1_.scaricaForm12 = [g] { g->scaricaForm12(); };
     finestre_.push_back(giocata);
 #endif
+    finestre_.push_back(InstallaFinestreRiduzione(f1_, *s_, ui_, *vista_));
     vista_->aggiorna(false);
 }
 

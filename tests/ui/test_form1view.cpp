@@ -142,6 +142,8 @@ TEST(Form1View, MenuConLeVociEIlTesto) {
     EXPECT_TRUE(p.w().voce("Apri")->isEnabled());
     EXPECT_TRUE(p.w().voce("AiutoInformazioni")->isEnabled());
     EXPECT_TRUE(p.w().voce("VediColonne")->isEnabled());
+    p.f().mostraForm5 = nullptr;  // as before the reduction windows are wired
+    p.w().aggiorna(false);
     EXPECT_FALSE(p.w().voce("Garanzia3")->isEnabled());
     p.f().mostraForm5 = [](int) {};
     p.s().SalvaAbilitato = true;
