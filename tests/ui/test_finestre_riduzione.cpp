@@ -200,6 +200,39 @@ TEST(FinestreRiduzione, RiduciRifiutoPoiRapidaSenzaCento) {
     EXPECT_FALSE(p.s().GaranziaAttiva);  // the fast pass never sets it
 }
 
+// A Garanzia item fires its option's rule; ANNULLA hides the dialog with its
+// choices, the close box unloads it.
+TEST(FinestreRiduzione, GaranziaConLaSuaRegolaAnnullaEChiusura) {
+    Programma p;
+    p.sviluppa({7, 14, 21, 28, 35, 42}, 2);
+    ASSERT_EQ(p.s().SviluppoK, 4);
+    prova::AlProssimoModale<Form5View>([&](Form5View* d) {
+        EXPECT_TRUE(d->Option(3)->isChecked());  // cinquina with quartine falls to terno
+        EXPECT_FALSE(d->Option(1)->isChecked());
+        Clic(d->Check2());
+        EXPECT_TRUE(d->Check2()->isChecked());
+        Clic(d->Command2());
+        EXPECT_FALSE(d->isVisible());
+    });
+    p.w().voce("Garanzia5")->trigger();
+    EXPECT_TRUE(p.s().form5.caricato);
+    EXPECT_EQ(p.s().NumRidotte, 0);
+    prova::AlProssimoModale<Form5View>([&](Form5View* d) {
+        EXPECT_TRUE(d->Option(3)->isChecked());  // RIDUCI shows it as it was left
+        EXPECT_TRUE(d->Check2()->isChecked());
+        d->close();
+    });
+    p.w().pulsante("Command8")->click();
+    EXPECT_FALSE(p.s().form5.caricato);
+    prova::AlProssimoModale<Form5View>([&](Form5View* d) {
+        EXPECT_FALSE(d->Check2()->isChecked());  // unloaded: back to the start
+        EXPECT_TRUE(d->Check1()->isChecked());
+        QTest::keyClick(d, Qt::Key_Escape);
+    });
+    p.w().pulsante("Command8")->click();
+    EXPECT_EQ(p.s().NumRidotte, 0);
+}
+
 // Garanzia ambo with ACCURATO: a true cover; the information reads the dialog as
 // unloaded (cinquina) and the ratios of the list in hand.
 TEST(FinestreRiduzione, GaranziaAmboAccuratoEInformazioni) {
@@ -279,6 +312,9 @@ TEST(FinestreRiduzione, SviluppoRidottoCostruisceLaCopertura) {
     ASSERT_TRUE(visto);
     EXPECT_EQ(p.s().SviluppoK, 4);
     EXPECT_EQ(p.s().TipoGaranzia, 3);
+    // the dialog is gone; the cover goes on in the main window's ticks, behind the bar
+    EXPECT_TRUE(p.w().Timer4()->isActive());
+    EXPECT_NE(p.app.interfaccia().finestraAvanzamento(), nullptr);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !p.s().Timer4Abilitato; }, 30000));
     EXPECT_FALSE(p.w().Timer4()->isActive());
 
