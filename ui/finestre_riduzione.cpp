@@ -75,7 +75,10 @@ void FinestreRiduzione::visualizzaPercentuali() {
         ui_.messaggio(std::string("Errore: ") + e.what(), "", Icona::Critico);
     }
     modificato();  // an empty list was filled first
-    if (!mostra) return;
+    if (!mostra) {
+        vista8_->aggiorna();  // a calculation left hidden goes on
+        return;
+    }
     vista8_->exec();
     modificato();
 }

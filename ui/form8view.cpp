@@ -4,6 +4,7 @@
 #include "core/sistema.h"
 #include "reduction/percentuali.h"
 
+#include <QApplication>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -27,6 +28,7 @@ namespace {
 // Timer events run back to back on the worker for about this long, then the table
 // is mirrored and the keys served.
 constexpr std::chrono::milliseconds DurataFetta{40};
+constexpr std::chrono::milliseconds DurataNascosta{8};
 
 QLabel* Intestazione(const char* nome, const char* testo) {
     auto* l = new QLabel(testo);
@@ -144,7 +146,7 @@ void Form8View::aggiorna() {
     barra_->setValue(span > 0 ? static_cast<int>(std::lround(std::clamp((f.barraValore - f.barraMinimo) / span,
                                                                         0.0, 1.0) * 1000))
                               : 0);
-    if (f.caricato && f.Timer1 && isVisible()) {
+    if (f.caricato && f.Timer1) {
         if (!timer1_->isActive()) timer1_->start();
     } else {
         timer1_->stop();
@@ -162,30 +164,36 @@ void Form8View::showEvent(QShowEvent* e) {
     setFocus();
 }
 
-void Form8View::hideEvent(QHideEvent* e) {
-    // Hidden, the window has no timer running: a new opening starts it over.
-    timer1_->stop();
-    QDialog::hideEvent(e);
+void Form8View::eventi(std::chrono::milliseconds durata) {
+    const auto fine = std::chrono::steady_clock::now() + durata;
+    try {
+        do {
+            m_.timer1();
+        } while (s_.form8.caricato && s_.form8.Timer1 && std::chrono::steady_clock::now() < fine);
+    } catch (const ErroreEsecuzione&) {
+        s_.form8.Timer1 = false;  // a failing event would fail again on every tick
+        throw;
+    }
 }
 
 void Form8View::passo() {
     if (inLavoro_) return;
+    if (!s_.form8.caricato || !s_.form8.Timer1) {
+        timer1_->stop();
+        return;
+    }
+    if (!isVisible()) {
+        // Hidden by Command1, the window goes on computing on this thread, a few
+        // milliseconds of events a tick among the program's other events, and none
+        // while another window holds the program (a pass may be on a worker then).
+        if (QApplication::activeModalWidget()) return;
+        EseguiEvento(ui_, [this] { eventi(DurataNascosta); });
+        aggiorna();
+        return;
+    }
     timer1_->stop();
-    if (!s_.form8.caricato || !s_.form8.Timer1) return;
     inLavoro_ = true;
-    auto lavoro = [this] {
-        EseguiEvento(ui_, [this] {
-            const auto fine = std::chrono::steady_clock::now() + DurataFetta;
-            try {
-                do {
-                    m_.timer1();
-                } while (s_.form8.caricato && s_.form8.Timer1 && std::chrono::steady_clock::now() < fine);
-            } catch (const ErroreEsecuzione&) {
-                s_.form8.Timer1 = false;  // a failing event would fail again on every tick
-                throw;
-            }
-        });
-    };
+    auto lavoro = [this] { EseguiEvento(ui_, [this] { eventi(DurataFetta); }); };
     try {
         if (esegui_) esegui_(lavoro);
         else vista::EseguiInThread(lavoro);

@@ -5,6 +5,7 @@
 // Timer1 runs the model's events off the interface thread, a slice of whole events
 // at a time; between slices the table is mirrored and the keys pressed in the
 // window are handed to the model, as they would be between two timer events.
+// Hidden by its button, the window keeps computing on the interface thread.
 #pragma once
 
 #include "core/interfaccia.h"
@@ -13,6 +14,7 @@
 #include <QDialog>
 
 #include <array>
+#include <chrono>
 #include <vector>
 
 class QLabel;
@@ -44,18 +46,19 @@ public:
 
     // Mirrors Sistema::form8; Timer1 follows the model's.
     void aggiorna();
-    // Stops Timer1 for good before the model is started over.
+    // Stops Timer1 before the model is started over or unloaded.
     void ferma();
     // Any other close than Command1 unloads the window.
     void reject() override;
 
 protected:
     void showEvent(QShowEvent* e) override;
-    void hideEvent(QHideEvent* e) override;
     void keyPressEvent(QKeyEvent* e) override;
 
 private:
     void passo();
+    // Timer events back to back for about `durata` (at least one).
+    void eventi(std::chrono::milliseconds durata);
     void tasto(int codice);
     void chiudiSeScaricato();
 

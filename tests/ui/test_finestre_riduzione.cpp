@@ -437,6 +437,33 @@ TEST(FinestreRiduzione, PercentualiFermateDaUnTastoERiprese) {
     EXPECT_EQ(p.s().form8.GaranziaMin, s.form8.GaranziaMin);
 }
 
+// Command1 hides the window in the middle of the work, which goes on hidden and
+// gives back the borrowed column count at the end.
+TEST(FinestreRiduzione, PercentualiNascosteProseguono) {
+    Programma p;
+    p.sviluppa(prova::Numeri(30), 2);
+    ASSERT_EQ(p.s().NumColonne, 27405);
+    Passi<Form8View>({[&](Form8View* d) {
+        Clic(d->Command1());
+        return true;
+    }});
+    p.w().voce("VisualizzaPercentuali")->trigger();
+    EXPECT_FALSE(p.s().PercentualiValide);
+    EXPECT_TRUE(p.s().form8.Timer1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return p.s().PercentualiValide; }, 60000));
+    EXPECT_EQ(p.s().NumColonne, 27405);
+    EXPECT_EQ(p.s().form8.Caption, "RESA DEL SISTEMA");
+    EXPECT_NE(p.s().form8.GaranziaMin, "nessuna");
+    // shown again at once, with its table
+    prova::AlProssimoModale<Form8View>([&](Form8View* d) {
+        EXPECT_EQ(d->GaranziaMin()->text().toStdString(), p.s().form8.GaranziaMin);
+        EXPECT_FALSE(d->Timer1()->isActive());
+        Clic(d->Command1());
+    });
+    p.w().voce("VisualizzaPercentuali")->trigger();
+    EXPECT_TRUE(p.s().PercentualiValide);
+}
+
 // Pictures of the four windows (saved with ZEF_SCHERMATE set to a folder); every
 // control lies inside its window.
 TEST(FinestreRiduzione, Schermate) {
