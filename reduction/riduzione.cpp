@@ -137,8 +137,13 @@ void RiduciRapido(Sistema& s, Interfaccia& ui, int16_t& garanzia, bool ricorsiva
     // g above k covers nothing (column 1 is then kept twice); g of 0 or less covers all.
     const bool regolari = g >= 1 && g <= k && TutteRegolari(s.colonne, n, k) &&
                           TutteRegolari(s.ColonneRidotte, s.NumRidotte, k);
+    // One bit per g-subset of 1..90 up to g = 5 (5.5 MB); above, masks against every kept column.
+    const bool conIndice = regolari && g <= 5;
+    std::vector<Maschera> tenute;
     std::vector<SottoinsiemiCoperti> indice;
-    if (regolari) {
+    if (regolari && !conIndice)
+        for (int64_t r = 1; r <= s.NumRidotte; ++r) tenute.push_back(s.ColonneRidotte.maschera(r));
+    if (conIndice) {
         indice.emplace_back(g);
         for (int64_t r = 1; r <= s.NumRidotte; ++r) indice[0].aggiungi(s.ColonneRidotte.colonna(r), k);
     }
@@ -153,8 +158,13 @@ void RiduciRapido(Sistema& s, Interfaccia& ui, int16_t& garanzia, bool ricorsiva
         }
         const uint8_t* col = s.colonne.colonna(i);
         bool coperta;
-        if (regolari) {
+        if (conIndice) {
             coperta = indice[0].copre(col, k);
+        } else if (regolari) {
+            const Maschera mc = MascheraDi(col, k);
+            coperta = false;
+            for (const Maschera& t : tenute)
+                if (comuni(t, mc) >= g) { coperta = true; break; }
         } else {
             std::memset(segnati, 0, sizeof segnati);
             for (int p = 0; p < k; ++p) segnati[col[p]] = true;
@@ -165,7 +175,8 @@ void RiduciRapido(Sistema& s, Interfaccia& ui, int16_t& garanzia, bool ricorsiva
         if (!coperta) {
             ++s.NumRidotte;
             CopiaColonna(s.colonne, i, s.ColonneRidotte, s.NumRidotte, k);
-            if (regolari) indice[0].aggiungi(col, k);
+            if (conIndice) indice[0].aggiungi(col, k);
+            else if (regolari) tenute.push_back(MascheraDi(col, k));
         }
     }
     ui.clessidra(false);
