@@ -99,10 +99,11 @@ void FinestreRiduzione::scaricaForm8() {
 void FinestreRiduzione::tickTimer4() {
     // Serving the keys lets events in: a tick never runs inside another.
     if (inTick_) return;
-    struct Guardia {
-        bool& b;
-        ~Guardia() { b = false; }
-    } guardia{inTick_ = true};
+    inTick_ = true;
+    struct Fine {
+        bool& inTick;
+        ~Fine() { inTick = false; }
+    } fine{inTick_};
     try {
         Timer4Tick(s_, ui_, &indice_);
         if (s_.Timer4Abilitato) CediForm4(s_, ui_);
