@@ -9,16 +9,10 @@ namespace zef::cli {
 
 namespace {
 
-// The dialog stays for the rest of the run, as the window does once loaded.
-std::unique_ptr<Form28>& Dialogo() {
-    static std::unique_ptr<Form28> f;
-    return f;
-}
-
-const bool registrato = [] {
+[[maybe_unused]] const bool registrato = [] {
     CaricaCondizioni() = [](Sistema& s, Interfaccia& ui, const std::string& file) {
-        auto& f = Dialogo();
-        f = std::make_unique<Form28>(s, ui);
+        // The dialog goes once the set is accepted; the installed filter keeps the set.
+        auto f = std::make_unique<Form28>(s, ui);
         f->ResettaCondizioni();
         f->attiva();
         if (!CaricaCondizioniJson(file, *f, ui)) {

@@ -176,22 +176,21 @@ void Applica(const json& j, Form28& f) {
     bits("chkInterruzioniPD", f.chkInterruzioniPD);
     bits("chkGruppiPari", f.chkGruppiPari);
     bits("chkGruppiDispari", f.chkGruppiDispari);
-    // typed, then the field is left
-    auto digita = [&](const std::string& nome, const std::string& testo) {
-        *f.campo(nome) = testo;
-        f.esci(nome);
-    };
+    // fields that limit each other are all typed first, then left
     if (j.contains("txtSomma")) {
-        digita("txtSomma(0)", j["txtSomma"][0].get<std::string>());
-        digita("txtSomma(1)", j["txtSomma"][1].get<std::string>());
+        f.txtSomma = {j["txtSomma"][0].get<std::string>(), j["txtSomma"][1].get<std::string>()};
+        f.esci("txtSomma(0)");
+        f.esci("txtSomma(1)");
     }
     for (const auto& c : CampiTesto)
         if (j.contains(c)) {
             std::string t = j[c].get<std::string>();
             if (CampoLibero(c))
                 for (char& ch : t) f.tasto(c, ch);  // "." typed becomes ","
-            digita(c, t);
+            *f.campo(c) = t;
         }
+    for (const auto& c : CampiTesto)
+        if (j.contains(c)) f.esci(c);
     if (j.contains("colonneFiltro"))
         for (const auto& e : j["colonneFiltro"]) {
             f.clickCommand5();
@@ -206,7 +205,8 @@ void Applica(const json& j, Form28& f) {
                                                                  {"min", "txtSezioneMin"}, {"max", "txtSezioneMax"},
                                                                  {"cmin", "txtSezioneCMin"}, {"cmax", "txtSezioneCMax"}};
             for (auto [k, nome] : campi)
-                if (e.contains(k)) digita(nome, e[k].get<std::string>());
+                if (e.contains(k)) *f.campo(nome) = e[k].get<std::string>();
+            for (auto [k, nome] : campi) f.esci(nome);
             f.clickCommand10();
         }
     if (j.contains("sequele"))

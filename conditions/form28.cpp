@@ -65,6 +65,8 @@ Form28::Form28(Sistema& s, Interfaccia& ui) : s_(s), ui_(ui), cond_(std::make_sh
     s_.ResettaCondizioni = [this] { ResettaCondizioni(); };
 }
 
+Form28::~Form28() { s_.ResettaCondizioni = nullptr; }
+
 std::vector<std::string> Form28::voci(int combo) {
     switch (combo) {
         case 1: return {"1", "2", "3", "4", "5", "6"};

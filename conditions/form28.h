@@ -34,6 +34,10 @@ constexpr int ColoreNero = 0;
 class Form28 {
 public:
     Form28(Sistema& s, Interfaccia& ui);
+    // Takes its reset hook off the sistema; the installed filter keeps the set alive.
+    ~Form28();
+    Form28(const Form28&) = delete;
+    Form28& operator=(const Form28&) = delete;
 
     // The condition set the filter reads.
     std::shared_ptr<Condizioni> condizioni() const { return cond_; }

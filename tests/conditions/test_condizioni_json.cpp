@@ -36,7 +36,7 @@ TEST(CondizioniJson, ApplicaComeUnUtente) {
       "chkAttivo": [1,0,0,1,1,1,1,0,0,0,1,1,0,0,0],
       "fisse": [8, 40],
       "Combo1": 1, "Combo3": 0,
-      "txtSomma": ["100", "300"],
+      "txtSomma": ["266", "300"],
       "txtPariMin": "1", "txtPariMax": "7",
       "colonneFiltro": [{"numeri": [3, 8], "punti": [1,1,0,0,0,0]}],
       "sezioni": [{"da": "1", "a": "30", "min": "0", "max": "2", "cmin": "1", "cmax": "2"}],
@@ -49,6 +49,7 @@ TEST(CondizioniJson, ApplicaComeUnUtente) {
     EXPECT_EQ(b.s.NumeriFissi, (std::vector<int16_t>{0, 8, 40}));
     EXPECT_EQ(c->Consecutivita[1], 1);
     EXPECT_EQ(c->Consecutivita[3], 0);
+    EXPECT_EQ(c->SommaGlobale[1], 266);  // both typed before leaving: above the old maximum
     EXPECT_EQ(c->SommaGlobale[2], 300);
     EXPECT_EQ(b.f.txtPariMax, "5");  // left the field: limited
     EXPECT_EQ(c->PariDispari[2], 5);
