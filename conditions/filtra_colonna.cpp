@@ -3,6 +3,7 @@
 #include "core/errori.h"
 #include "core/sistema.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace zef {
@@ -320,6 +321,21 @@ void FiltroCondizioni::costruisci() {
 
 bool FiltroCondizioni::accetta(const uint8_t* N, const int* L, int k) const {
     const auto& c = c_;
+    // Refusals commute, so the cheapest tests go first, except where a candidate
+    // could otherwise run off the points table of the filter columns first.
+    if (!(attiva(4) && k >= c.righePuntiFiltro && maxPuntiFiltro_ >= c.righePuntiFiltro)) {
+        if (attiva(6)) {
+            int somma = 0;
+            for (int j = 0; j < k; ++j) somma += N[j];
+            if (somma < c.SommaGlobale[1] || somma > c.SommaGlobale[2]) return false;
+        }
+        if (attiva(7)) {
+            int nPari = 0;
+            for (int j = 0; j < k; ++j) nPari += !(N[j] & 1);
+            const auto& P = c.PariDispari;
+            if (nPari < P[1] || nPari > P[2] || k - nPari < P[4] || k - nPari > P[5]) return false;
+        }
+    }
     Maschera m = MascheraDi(N, k);
     // bit j: number j is a step from the one before; parity bit j: number j is even
     unsigned passi = 0, pari = 0;
@@ -580,6 +596,42 @@ bool FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, i
         if (!qualcuno) return true;
     }
     return false;
+}
+
+
+// The sum and the distance bound the last number: its places form one interval
+// because the forecast is ascending.
+void FiltroCondizioni::intervalloUltimo(const uint8_t* N, const int* L, int k, int& da, int& a) const {
+    const auto& c = c_;
+    const int ultimo = N[k - 2], posto = L[k - 2];
+    auto primoAlmeno = [&](int valore) {  // first place whose number is >= valore
+        int lo = da, hi = a + 1;
+        while (lo < hi) {
+            int m = (lo + hi) / 2;
+            if (numero_[m] < valore) lo = m + 1;
+            else hi = m;
+        }
+        return lo;
+    };
+    auto ultimoAlPiu = [&](int valore) { return primoAlmeno(valore + 1) - 1; };
+    if (attiva(8)) {
+        const int mn = c.DistanzaNumeri[1], mx = c.DistanzaNumeri[2];
+        if (c.DistanzaNumeri[3] != 0) {
+            da = std::max(da, posto + mn);
+            a = std::min(a, posto + mx);
+        } else {
+            da = std::max(da, primoAlmeno(ultimo + mn));
+            a = std::min(a, ultimoAlPiu(ultimo + mx));
+        }
+        if (da > a) return;
+    }
+    if (attiva(4) && k >= c.righePuntiFiltro && maxPuntiFiltro_ >= c.righePuntiFiltro) return;
+    if (attiva(6)) {
+        int somma = 0;
+        for (int j = 0; j < k - 1; ++j) somma += N[j];
+        da = std::max(da, primoAlmeno(c.SommaGlobale[1] - somma));
+        a = std::min(a, ultimoAlPiu(c.SommaGlobale[2] - somma));
+    }
 }
 
 }  // namespace zef

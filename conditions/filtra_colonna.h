@@ -30,6 +30,7 @@ public:
 
     bool accetta(const uint8_t* numeri, const int* livelli, int k) const override;
     bool scartaPrefisso(const uint8_t* numeri, const int* livelli, int lunghezza, int k) const override;
+    void intervalloUltimo(const uint8_t* numeri, const int* livelli, int k, int& da, int& a) const override;
     std::unique_ptr<FiltroColonna> clona() const override { return std::make_unique<FiltroCondizioni>(*this); }
 
     const Condizioni& condizioni() const { return c_; }

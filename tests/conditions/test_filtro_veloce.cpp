@@ -123,7 +123,7 @@ Esito Sviluppa(const std::vector<int>& pronostico, int k, std::shared_ptr<Filtro
 
 TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
     std::mt19937 g(20261123);
-    int conErrore = 0, alLimite = 0, saltati = 0, conColonne = 0;
+    int conErrore = 0, alLimite = 0, saltati = 0, conColonne = 0, tagliati = 0;
     for (int caso = 0; caso < 400; ++caso) {
         auto u = [&](int a, int b) { return std::uniform_int_distribution<int>(a, b)(g); };
         const int k = u(2, 7);
@@ -171,6 +171,15 @@ TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
             try { esitoA = FiltraColonna(letterale, num, liv.data(), k) ? 1 : 0; } catch (const ErroreEsecuzione&) { esitoA = 2; }
             try { esitoB = f.accetta(num, liv.data(), k) ? 1 : 0; } catch (const ErroreEsecuzione&) { esitoB = 2; }
             ASSERT_EQ(esitoA, esitoB) << nome;
+            // a place cut off for the last number holds only refused candidates
+            {
+                int da = liv[k - 2] + 1, a = n;
+                f.intervalloUltimo(num, liv.data(), k, da, a);
+                if (liv[k - 1] < da || liv[k - 1] > a) {
+                    ++tagliati;
+                    ASSERT_EQ(esitoA, 0) << nome << " ultimo " << liv[k - 1];
+                }
+            }
             // a skipped prefix covers only candidates the plain filter refuses without error
             for (int len = 2; len < k; ++len)
                 if (f.scartaPrefisso(num, liv.data(), len, k)) {
@@ -189,4 +198,5 @@ TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
     EXPECT_GT(alLimite, 0);
     EXPECT_GT(saltati, 0);
     EXPECT_GT(conColonne, 100);
+    EXPECT_GT(tagliati, 0);
 }
