@@ -483,6 +483,16 @@ bool FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, i
     const int resto = k - len;
     const int ultimo = N[len - 1];
     const int prossimo = L[len - 1] + 1;  // the place the next number comes from at least
+    const bool erroreFiltri = attiva(4) && k >= c.righePuntiFiltro && maxPuntiFiltro_ >= c.righePuntiFiltro;
+
+    // the sum first: the most selective and the cheapest
+    if (attiva(6) && !erroreFiltri && resto > 0 && prossimo + resto - 1 <= n_) {
+        int somma = 0;
+        for (int j = 0; j < len; ++j) somma += N[j];
+        const int minimo = somma + sommaPrima_[prossimo + resto - 1] - sommaPrima_[prossimo - 1];
+        const int massimo = somma + sommaPrima_[n_] - sommaPrima_[n_ - resto];
+        if (minimo > c.SommaGlobale[2] || massimo < c.SommaGlobale[1]) return true;
+    }
 
     if (attiva(1)) {
         if (fissoImpossibile_) return true;
@@ -537,7 +547,6 @@ bool FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, i
             if (interruzioni_ >> t & 1) qualcuno = true;
         if (!qualcuno) return true;
     }
-    const bool erroreFiltri = attiva(4) && k >= c.righePuntiFiltro && maxPuntiFiltro_ >= c.righePuntiFiltro;
     if (erroreFiltri) return false;
     if (attiva(13)) {
         if (comuni(archivio_, MascheraDi(N, len)) > 0) return true;
