@@ -1,6 +1,7 @@
 #include "reduction/riduzione.h"
 
 #include "core/basic.h"
+#include "core/errori.h"
 #include "core/giocate.h"
 #include "core/sistema.h"
 #include "reduction/sottoinsiemi.h"
@@ -8,6 +9,7 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
+#include <new>
 #include <vector>
 
 namespace zef {
@@ -135,8 +137,13 @@ void RiduciRapido(Sistema& s, Interfaccia& ui, int16_t& garanzia, bool ricorsiva
     // g above k covers nothing (column 1 is then kept twice); g of 0 or less covers all.
     const bool regolari = g >= 1 && g <= k && TutteRegolari(s.colonne, n, k) &&
                           TutteRegolari(s.ColonneRidotte, s.NumRidotte, k);
+    // One bit per g-subset of 1..90 up to g = 5 (5.5 MB); above, masks against every kept column.
+    const bool conIndice = regolari && g <= 5;
+    std::vector<Maschera> tenute;
     std::vector<SottoinsiemiCoperti> indice;
-    if (regolari) {
+    if (regolari && !conIndice)
+        for (int64_t r = 1; r <= s.NumRidotte; ++r) tenute.push_back(s.ColonneRidotte.maschera(r));
+    if (conIndice) {
         indice.emplace_back(g);
         for (int64_t r = 1; r <= s.NumRidotte; ++r) indice[0].aggiungi(s.ColonneRidotte.colonna(r), k);
     }
@@ -151,8 +158,13 @@ void RiduciRapido(Sistema& s, Interfaccia& ui, int16_t& garanzia, bool ricorsiva
         }
         const uint8_t* col = s.colonne.colonna(i);
         bool coperta;
-        if (regolari) {
+        if (conIndice) {
             coperta = indice[0].copre(col, k);
+        } else if (regolari) {
+            const Maschera mc = MascheraDi(col, k);
+            coperta = false;
+            for (const Maschera& t : tenute)
+                if (comuni(t, mc) >= g) { coperta = true; break; }
         } else {
             std::memset(segnati, 0, sizeof segnati);
             for (int p = 0; p < k; ++p) segnati[col[p]] = true;
@@ -163,7 +175,8 @@ void RiduciRapido(Sistema& s, Interfaccia& ui, int16_t& garanzia, bool ricorsiva
         if (!coperta) {
             ++s.NumRidotte;
             CopiaColonna(s.colonne, i, s.ColonneRidotte, s.NumRidotte, k);
-            if (regolari) indice[0].aggiungi(col, k);
+            if (conIndice) indice[0].aggiungi(col, k);
+            else if (regolari) tenute.push_back(MascheraDi(col, k));
         }
     }
     ui.clessidra(false);
@@ -191,79 +204,100 @@ void RiduciAccurato(Sistema& s, Interfaccia& ui, int16_t& garanzia, int16_t& kk)
     s.form4.Label1 = "Calcolo in corso...(fase 1 di 2)";
     MostraForm4(s, ui);
 
-    std::vector<Maschera> m(static_cast<size_t>(n) + 1);
-    for (int64_t i = 1; i <= n; ++i) m[i] = s.colonne.maschera(i);
+    try {
+        std::vector<Maschera> m(static_cast<size_t>(n) + 1);
+        for (int64_t i = 1; i <= n; ++i) m[i] = s.colonne.maschera(i);
+        // Masks count shared numbers only when no column holds a number twice; else
+        // the positions of b whose number is in a are counted, as the plain scan does.
+        const bool regolari = TutteRegolari(s.colonne, n, k);
+        auto condivide = [&](int64_t a, int64_t b) {
+            if (regolari) return comuni(m[a], m[b]) >= g;
+            bool segnati[256] = {};
+            const uint8_t* ca = s.colonne.colonna(a);
+            for (int p = 0; p < k; ++p) segnati[ca[p]] = true;
+            return ContaSegnati(s.colonne.colonna(b), k, segnati) >= g;
+        };
 
-    // Phase 1: what column 1 leaves uncovered.
-    std::vector<uint32_t> scoperte;  // indices into Colonne, ascending
-    for (int64_t i = 1; i <= n; ++i) {
-        if (comuni(m[i], m[1]) < g) scoperte.push_back(static_cast<uint32_t>(i));
-        if (i % 100 == 0) {
-            s.form4.valore = static_cast<double>(i);
-            AggiornaForm4(s, ui);
-            CediForm4(s, ui);  // a stop here is seen at the first check of phase 2
+        // Phase 1: what column 1 leaves uncovered.
+        std::vector<uint32_t> scoperte;  // indices into Colonne, ascending
+        for (int64_t i = 1; i <= n; ++i) {
+            if (!condivide(i, 1)) scoperte.push_back(static_cast<uint32_t>(i));
+            if (i % 100 == 0) {
+                s.form4.valore = static_cast<double>(i);
+                AggiornaForm4(s, ui);
+                CediForm4(s, ui);  // a stop here is seen at the first check of phase 2
+            }
         }
-    }
 
-    if (!scoperte.empty()) {
-        int64_t M = static_cast<int64_t>(scoperte.size());
-        if (s.form4.massimo == static_cast<double>(n)) {
-            s.form4.massimo = static_cast<double>(M);
-            s.form4.valore = 0;
-            s.form4.Label1 = "Calcolo in corso...(fase 2 di 2)";
-        }
-        // Score of a candidate: uncovered columns it shares at least g numbers with.
-        // Built once, then lowered as columns get covered.
-        std::vector<int32_t> punteggio(static_cast<size_t>(n) + 1, 0);
-        std::vector<uint32_t> restanti = scoperte;
-        const bool conIndice = g >= 1 && g <= k;
-        std::unique_ptr<IndiceSottoinsiemi> indice;
-        if (conIndice) {
-            indice = std::make_unique<IndiceSottoinsiemi>(s.colonne, n, k, g);
-            for (uint32_t j : restanti) indice->vicini(s.colonne.colonna(j), [&](uint32_t i) { ++punteggio[i]; });
-        } else if (g <= 0) {
-            for (int64_t i = 1; i <= n; ++i) punteggio[i] = static_cast<int32_t>(restanti.size());
-        }
-        for (;;) {
-            // The yields of the scoring pass, every 200 candidates.
-            bool fermato = false;
-            for (int64_t i = 200; i <= n; i += 200) {
-                if (!s.form4.visibile) { fermato = true; break; }
+        if (!scoperte.empty()) {
+            int64_t M = static_cast<int64_t>(scoperte.size());
+            if (s.form4.massimo == static_cast<double>(n)) {
+                s.form4.massimo = static_cast<double>(M);
+                s.form4.valore = 0;
+                s.form4.Label1 = "Calcolo in corso...(fase 2 di 2)";
+            }
+            // Score of a candidate: uncovered columns it shares at least g numbers with.
+            // Built once, then lowered as columns get covered.
+            std::vector<int32_t> punteggio(static_cast<size_t>(n) + 1, 0);
+            std::vector<uint32_t> restanti = scoperte;
+            const bool conIndice = regolari && g >= 1 && g <= k;
+            std::unique_ptr<IndiceSottoinsiemi> indice;
+            if (conIndice) {
+                indice = std::make_unique<IndiceSottoinsiemi>(s.colonne, n, k, g);
+                for (uint32_t j : restanti) indice->vicini(s.colonne.colonna(j), [&](uint32_t i) { ++punteggio[i]; });
+            } else {
+                for (uint32_t j : restanti)
+                    for (int64_t i = 1; i <= n; ++i) punteggio[i] += condivide(i, j);
+            }
+            for (;;) {
+                // The yields of the scoring pass, every 200 candidates.
+                bool fermato = false;
+                for (int64_t i = 200; i <= n; i += 200) {
+                    if (!s.form4.visibile) { fermato = true; break; }
+                    s.form4.Text2 = TestoSemplice(static_cast<long long>(s.form4.massimo) - M);
+                    s.form4.valore = s.form4.massimo - static_cast<double>(M);
+                    s.form4.Text1 = TestoSemplice(R);
+                    AggiornaForm4(s, ui);
+                    CediForm4(s, ui);
+                }
+                if (fermato) break;
+                // Lowest index wins a tie.
+                int32_t meglio = 0;
+                int64_t migliore = 0;
+                for (int64_t i = 1; i <= n; ++i)
+                    if (meglio < punteggio[i]) { meglio = punteggio[i]; migliore = i; }
+                if (meglio == 0) break;
+                // A column holding a number twice can score on a column it does not
+                // cover: then the rounds never end and the list grows until memory runs out.
+                if (R + 1 > s.ColonneRidotte.capacita()) throw std::bad_alloc();
+                ++R;
+                CopiaColonna(s.colonne, migliore, s.ColonneRidotte, R, k);
+                s.form4.Text1 = TestoSemplice(R);
                 s.form4.Text2 = TestoSemplice(static_cast<long long>(s.form4.massimo) - M);
                 s.form4.valore = s.form4.massimo - static_cast<double>(M);
-                s.form4.Text1 = TestoSemplice(R);
                 AggiornaForm4(s, ui);
-                CediForm4(s, ui);
-            }
-            if (fermato) break;
-            // Lowest index wins a tie.
-            int32_t meglio = 0;
-            int64_t migliore = 0;
-            for (int64_t i = 1; i <= n; ++i)
-                if (meglio < punteggio[i]) { meglio = punteggio[i]; migliore = i; }
-            if (meglio == 0) break;
-            ++R;
-            CopiaColonna(s.colonne, migliore, s.ColonneRidotte, R, k);
-            s.form4.Text1 = TestoSemplice(R);
-            s.form4.Text2 = TestoSemplice(static_cast<long long>(s.form4.massimo) - M);
-            s.form4.valore = s.form4.massimo - static_cast<double>(M);
-            AggiornaForm4(s, ui);
-            if (!CediForm4(s, ui)) break;
-            // Only the new column can cover what the earlier ones left uncovered.
-            M = 0;
-            size_t w = 0;
-            for (uint32_t j : restanti) {
-                if (comuni(m[j], m[migliore]) >= g) {
-                    if (conIndice) indice->vicini(s.colonne.colonna(j), [&](uint32_t i) { --punteggio[i]; });
-                    else if (g <= 0) for (int64_t i = 1; i <= n; ++i) --punteggio[i];
-                } else {
-                    restanti[w++] = j;
-                    ++M;
+                if (!CediForm4(s, ui)) break;
+                // Only the new column can cover what the earlier ones left uncovered.
+                M = 0;
+                size_t w = 0;
+                for (uint32_t j : restanti) {
+                    if (condivide(j, migliore)) {
+                        if (conIndice) indice->vicini(s.colonne.colonna(j), [&](uint32_t i) { --punteggio[i]; });
+                        else for (int64_t i = 1; i <= n; ++i) punteggio[i] -= condivide(i, j);
+                    } else {
+                        restanti[w++] = j;
+                        ++M;
+                    }
                 }
+                restanti.resize(w);
+                if (M == 0) break;
             }
-            restanti.resize(w);
-            if (M == 0) break;
         }
+    } catch (const std::bad_alloc&) {
+        // The index of a very large list does not fit: keep what was kept so far.
+        s.NumRidotte = static_cast<int32_t>(R);
+        ScaricaForm4(s, ui);
+        throw errori::memoriaEsaurita();
     }
     s.NumRidotte = static_cast<int32_t>(R);
     ScaricaForm4(s, ui);

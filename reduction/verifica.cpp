@@ -47,6 +47,7 @@ std::string Colonna(const std::vector<int>& v) {
 EsitoVerifica VerificaGaranzia(const Sistema& s, int g, size_t quante) {
     EsitoVerifica e;
     e.controColonne = s.NumRidotte > 0;
+    if (g < 2 || g > 5) return e;
     std::vector<uint64_t> coperti((C(90, g) + 63) / 64, 0);
     uint8_t v[16];
     for (int64_t r = 0; r < s.MSFlexGrid1.Rows(); ++r) {

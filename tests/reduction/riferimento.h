@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/basic.h"
+#include "core/errori.h"
 #include "core/form4.h"
 #include "core/giocate.h"
 #include "core/sistema.h"
@@ -125,6 +126,11 @@ inline void RiduciAccurato(Sistema& s, Interfaccia& ui, int g) {
             for (int64_t i = 1; i <= n; ++i)
                 if (meglio < Punteggio[i]) { meglio = Punteggio[i]; indice = i; }
             if (meglio == 0) break;
+            // endless with columns holding a number twice: stop where the store is full
+            if (static_cast<int64_t>(tenute.size()) + 1 > n + 1) {
+                ScaricaForm4(s, ui);
+                throw errori::memoriaEsaurita();
+            }
             tenute.push_back(Colonna(s, indice));
             s.form4.Text1 = TestoSemplice(static_cast<long long>(tenute.size()));
             s.form4.Text2 = TestoSemplice(static_cast<long long>(s.form4.massimo) - M);

@@ -2,6 +2,7 @@
 
 #include "reduction/riduzione.h"
 
+#include "core/errori.h"
 #include "core/interfaccia_scriptata.h"
 #include "core/sistema.h"
 #include "prova_colonne.h"
@@ -259,4 +260,43 @@ TEST(RiduciRapido, RamoRicorsivoRiduceDueVolteSullaStessaLista) {
         }
         EXPECT_TRUE(ok) << i;
     }
+}
+
+TEST(RiduzioneIdentica, ColonneIrregolariComeIlRiferimento) {
+    // Columns read from a file may hold a number twice, a blank, or be out of order:
+    // counted by positions, as the plain scan does.
+    std::mt19937 rng(77);
+    int senzaFine = 0;
+    for (int prova = 0; prova < 60; ++prova) {
+        const int k = 2 + static_cast<int>(rng() % 4);
+        const int quante = 2 + static_cast<int>(rng() % 60);
+        std::vector<std::vector<int>> colonne(quante, std::vector<int>(k));
+        for (auto& c : colonne)
+            for (int& x : c) x = static_cast<int>(rng() % 9);  // 0..8: repeats and blanks
+        const int g = 1 + static_cast<int>(rng() % k);
+        for (bool accurato : {false, true}) {
+            Sistema a, b;
+            prova_rid::Imposta(a, colonne);
+            prova_rid::Imposta(b, colonne);
+            InterfacciaScriptata ua, ub;
+            int16_t gg = static_cast<int16_t>(g), kk = static_cast<int16_t>(k);
+            if (accurato) {
+                int errA = 0, errB = 0;
+                try { RiduciAccurato(a, ua, gg, kk); } catch (const ErroreEsecuzione& e) { errA = e.numero; }
+                try { rif::RiduciAccurato(b, ub, g); } catch (const ErroreEsecuzione& e) { errB = e.numero; }
+                ASSERT_EQ(errA, errB) << "prova " << prova;
+                if (errA) {
+                    EXPECT_EQ(errA, errori::MemoriaEsaurita);
+                    EXPECT_FALSE(a.form4.caricato);
+                    ++senzaFine;
+                    continue;
+                }
+            } else {
+                RiduciRapido(a, ua, gg, false);
+                rif::RiduciRapido(b, ub, g);
+            }
+            ASSERT_EQ(Ridotte(a), Ridotte(b)) << "prova " << prova << " accurato " << accurato;
+        }
+    }
+    EXPECT_GT(senzaFine, 0);  // the endless case does come up, and ends as an error
 }
