@@ -30,6 +30,12 @@ public:
         return false;
     }
 
+    // For a prefix of k - 1 numbers: narrows [da, a], the places of the forecast the
+    // last number may come from (on entry the whole range), to those whose candidates
+    // might pass. Candidates from the places cut off are all refused before any error
+    // could arise: the generator may count them as examined without asking.
+    virtual void intervalloUltimo(const uint8_t* numeri, const int* livelli, int k, int& da, int& a) const {}
+
     // A copy for another thread of the same pass (state that the test mutates is per copy).
     virtual std::unique_ptr<FiltroColonna> clona() const = 0;
 };

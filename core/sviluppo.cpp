@@ -167,10 +167,25 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
         e.esaminate += Binomiale(n - t.i2, k - 2);
         return;
     }
+    // The last level runs over [da, a] only, as the filter narrows it: the places cut
+    // off are counted as examined, those below before and those above after the run,
+    // so that a stop inside the run finds the counts of the plain walk.
+    int da = 0, a = n;
+    auto entraUltimo = [&] {
+        da = liv[k - 2] + 1;
+        a = n;
+        if (filtro) filtro->intervalloUltimo(num, liv, k, da, a);
+        if (a < liv[k - 2]) a = liv[k - 2];
+        if (da > a) da = a + 1;
+        if (da > liv[k - 2] + 1) e.esaminate += static_cast<uint64_t>(da - liv[k - 2] - 1);
+        liv[k - 1] = da - 1;
+    };
     int p = 2;
     liv[2] = liv[1];
+    if (k == 3) entraUltimo();
     while (p >= 2) {
-        if (liv[p] < n - k + p + 1) {
+        const int limite = p == k - 1 ? a : n - k + p + 1;
+        if (liv[p] < limite) {
             ++liv[p];
             num[p] = c.numero[liv[p]];
             if (p == k - 1) {
@@ -180,8 +195,10 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
             } else {
                 ++p;
                 liv[p] = liv[p - 1];
+                if (p == k - 1) entraUltimo();
             }
         } else {
+            if (p == k - 1 && a < n) e.esaminate += static_cast<uint64_t>(n - a);
             --p;
         }
     }

@@ -1,0 +1,646 @@
+#include "conditions/filtra_colonna.h"
+
+#include "core/errori.h"
+#include "core/sistema.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace zef {
+
+namespace {
+inline bool Pari(int x) { return x == 2 * (x / 2); }
+
+// 13 parity sequences: `segni` holds five signs, the constant 4 is absolute
+bool Sequele(const Condizioni& c, const int* N, int k) {
+    int segni[6] = {};
+    for (int j = 1; j <= k; ++j) {
+        if (j > 5) throw errori::indiceFuoriIntervallo();
+        segni[j] = Pari(N[j]) ? 1 : 2;
+    }
+    for (int s = 1; s <= c.numSequele(); ++s) {
+        const int s1 = c.SequelePD[s][1], s2 = c.SequelePD[s][2], s3 = c.SequelePD[s][3];
+        const int p = c.SequelePD[s][4];
+        int presenze = 0, j = 1;
+        while (j < 4) {
+            if (segni[j] == s1 && segni[j + 1] == s2 && (s3 == 0 || segni[j + 2] == s3)) {
+                ++presenze;
+                if (p == 0) --j;
+            }
+            if (p == 1) {
+                if ((s3 != 0 && j < 4) || (s3 == 0 && j < 5)) ++j;
+                else break;
+            } else if (p == 0 || p == 2) {
+                if ((s3 != 0 && j < 3) || (s3 == 0 && j < 5)) j += 2;
+                else break;
+            } else if (p == 3) {
+                if (j < 4) j += 3;
+                else break;
+            } else {
+                break;
+            }
+        }
+        if (presenze + 1 > c.righePresenzeSequele) throw errori::indiceFuoriIntervallo();
+        if (!c.PresenzeSequele[s][presenze + 1]) return false;
+    }
+    return true;
+}
+
+// 14 mean delay and frequency: the frequency limits are joined by "or"
+bool RitardoFrequenzaMedia(const Condizioni& c, const int* N, int k) {
+    float medie[3] = {};
+    for (int j = 1; j <= k; ++j) {
+        medie[1] += static_cast<float>(c.ValoriNumeri[N[j]]);
+        medie[2] += static_cast<float>(c.RitardiNumeri[N[j]]);
+    }
+    medie[1] = std::trunc(medie[1] / static_cast<float>(k));
+    medie[2] = std::trunc(medie[2] / static_cast<float>(k));
+    const auto& R = c.RitardoFrequenza;
+    return (medie[2] >= R[1][1] && medie[2] <= R[1][2]) && (medie[1] >= R[2][1] || medie[1] <= R[2][2]);
+}
+}  // namespace
+
+// Every failed test refuses the candidate at once: the allowance of RECUPERO is
+// never set, so the failure rule cannot let a column through.
+bool FiltraColonna(const Condizioni& c, const uint8_t* numeri, const int* livelli, int k) {
+    int N[11] = {};  // NumeriColonna(1..k)
+    int L[11] = {};
+    for (int j = 1; j <= k; ++j) {
+        N[j] = numeri[j - 1];
+        L[j] = livelli[j - 1];
+    }
+    const auto& A = c.CondizioneAttiva;
+
+    // 1 fixed numbers
+    if (A[1]) {
+        for (int i = 1; i <= c.numFissi(); ++i) {
+            bool trovato = false;
+            for (int j = 1; j <= k; ++j)
+                if (N[j] == c.NumeriFissi[i]) {
+                    trovato = true;
+                    break;
+                }
+            if (!trovato) return false;
+        }
+    }
+    // 2 number positions: only the value 1 in the state row counts as on
+    if (A[11]) {
+        for (int i = 1; i <= k; ++i)
+            if (c.PosizioniNumeri[i][91] == 1 && c.PosizioniNumeri[i][N[i]] == 0) return false;
+    }
+    // 3 distance
+    if (A[8]) {
+        const int mn = c.DistanzaNumeri[1], mx = c.DistanzaNumeri[2];
+        for (int i = 1; i <= k - 1; ++i) {
+            int d = c.DistanzaNumeri[3] != 0 ? L[i + 1] - L[i] : N[i + 1] - N[i];
+            if (d < mn || d > mx) return false;
+        }
+    }
+    // 4 consecutiveness
+    if (A[2]) {
+        const int mn = c.Consecutivita[1], mx = c.Consecutivita[2], modo = c.Consecutivita[3];
+        int cons = 0, maxCons = 0;
+        for (int i = 1; i <= k - 1; ++i) {
+            if (N[i + 1] == N[i] + 1) {
+                ++cons;
+                if (maxCons < cons) maxCons = cons;
+            } else {
+                if (cons > mx) return false;
+                if (modo == 0) cons = 0;
+            }
+        }
+        if (cons > mx || maxCons < mn) return false;
+    }
+    // 5 interruptions
+    if (A[3]) {
+        int corrente = 0, totale = 0, massimo = 0;
+        for (int i = 1; i <= k - 1; ++i) {
+            if (N[i + 1] == N[i] + 1) {
+                corrente = 0;
+            } else {
+                ++corrente;
+                ++totale;
+                if (massimo < corrente) massimo = corrente;
+            }
+        }
+        // element 6 doubles as the run limit, so five interruptions always pass the presence check
+        if (c.Interruzioni[totale + 1] == 0 || massimo > c.Interruzioni[6]) return false;
+    }
+    // 6 parity groups
+    if (A[9]) {
+        bool stato = false;
+        int pari = 0, dispari = 0;
+        for (int i = 1; i <= k - 1; ++i) {
+            if (Pari(N[i] + N[i + 1])) {
+                stato = !stato;
+                if (i == k - 1) {
+                    if (stato) ++pari;
+                    else ++dispari;
+                }
+            } else {
+                if (stato) {
+                    ++pari;
+                    stato = false;
+                } else {
+                    ++dispari;
+                }
+                if (i == k - 1) ++dispari;  // the last number stands alone
+            }
+        }
+        if (!c.GruppiPD[1][pari + 1] || !c.GruppiPD[2][dispari + 1]) return false;
+    }
+    // 7 filter columns
+    if (A[4]) {
+        for (int f = 1; f <= c.numFiltri(); ++f) {
+            int punti = 0;
+            for (int j = 1; j <= k; ++j)
+                if (c.ColonneFiltro[f][N[j]]) ++punti;
+            if (punti + 1 > c.righePuntiFiltro) throw errori::indiceFuoriIntervallo();
+            if (!c.PuntiFiltro[f][punti + 1]) return false;
+        }
+    }
+    // 8 points on archive columns: the most points allowed is never set, so it is 0
+    if (A[13]) {
+        const int puntiMassimi = 0;
+        for (int col = 1; col <= c.numColonneArchivio(); ++col) {
+            int punti = 0;
+            for (int j = 1; j <= k; ++j)
+                if (c.NumeriArchivio[col][N[j]]) ++punti;
+            if (punti > puntiMassimi) return false;
+        }
+    }
+    // 9 sections: the last number never closes a run
+    if (A[5]) {
+        for (int s = 1; s <= c.numSezioni(); ++s) {
+            const auto& S = c.Sezioni[s];
+            int presenze = 0, consecutivi = 0;
+            for (int j = 1; j <= k - 1; ++j) {
+                if (N[j] >= S[1] && N[j] <= S[2]) {
+                    ++presenze;
+                    if (N[j + 1] == N[j] + 1) {
+                        ++consecutivi;
+                    } else {
+                        if (!(S[5] <= consecutivi && consecutivi <= S[6])) return false;
+                        consecutivi = 0;
+                    }
+                }
+            }
+            if (N[k] >= S[1] && N[k] <= S[2]) ++presenze;
+            if (!(S[3] <= presenze && presenze <= S[4])) return false;
+        }
+    }
+    // 10 sum, as a 16-bit value
+    if (A[6]) {
+        int16_t somma = 0;
+        for (int j = 1; j <= k; ++j) somma = static_cast<int16_t>(somma + N[j]);
+        if (somma < c.SommaGlobale[1] || somma > c.SommaGlobale[2]) return false;
+    }
+    // 11 even and odd
+    if (A[7]) {
+        int pari = 0, dispari = 0, runP = 0, runD = 0, maxP = 0, maxD = 0;
+        for (int j = 1; j <= k; ++j) {
+            if (Pari(N[j])) {
+                ++pari;
+                ++runP;
+                runD = 0;
+                if (maxP < runP) maxP = runP;
+            } else {
+                ++dispari;
+                ++runD;
+                runP = 0;
+                if (maxD < runD) maxD = runD;
+            }
+        }
+        const auto& P = c.PariDispari;
+        if (!(pari >= P[1] && pari <= P[2] && maxP <= P[3] && dispari >= P[4] && dispari <= P[5] && maxD <= P[6]))
+            return false;
+    }
+    // 12 parity interruptions
+    if (A[10]) {
+        int runP = 0, runD = 0, totale = 0, corrente = 0, massimo = 0;
+        for (int j = 1; j <= k; ++j) {
+            if (Pari(N[j])) {
+                if (runD < 1) {
+                    corrente = 0;
+                } else {
+                    ++totale;
+                    ++corrente;
+                    if (massimo < corrente) massimo = corrente;
+                }
+                ++runP;
+                runD = 0;
+            } else {
+                if (runP < 1) {
+                    corrente = 0;
+                } else {
+                    ++totale;
+                    ++corrente;
+                    if (massimo < corrente) massimo = corrente;
+                }
+                ++runD;
+                runP = 0;
+            }
+        }
+        if (c.InterruzioniPD[totale + 1] == 0 || massimo > c.InterruzioniPD[6]) return false;
+    }
+    if (A[12] && !Sequele(c, N, k)) return false;
+    if (A[15] && !RitardoFrequenzaMedia(c, N, k)) return false;
+    return true;
+}
+
+// ---- the installed filter --------------------------------------------------------
+
+void FiltroCondizioni::prepara(const Sistema& s) {
+    if (sorgente_) c_ = *sorgente_;
+    // The fixed numbers live in the sistema's table (shared with the fixed-numbers dialog).
+    const int alto = s.NumeriFissiBase + static_cast<int>(s.NumeriFissi.size()) - 1;
+    c_.NumeriFissi.assign(1, 0);
+    for (int i = 1; i <= alto; ++i) c_.NumeriFissi.push_back(s.NumeriFissi[i - s.NumeriFissiBase]);
+    n_ = s.NumPronostico;
+    for (int i = 1; i <= n_ && i < static_cast<int>(s.Pronostico.size()) && i <= 90; ++i)
+        numero_[i] = static_cast<uint8_t>(s.Pronostico[i]);
+    costruisci();
+}
+
+void FiltroCondizioni::preparaDa(const Condizioni& c, const std::vector<int>& pronostico, int n) {
+    c_ = c;
+    n_ = n;
+    for (int i = 1; i <= n && i < static_cast<int>(pronostico.size()) && i <= 90; ++i)
+        numero_[i] = static_cast<uint8_t>(pronostico[i]);
+    costruisci();
+}
+
+void FiltroCondizioni::costruisci() {
+    sommaPrima_[0] = 0;
+    for (int i = 1; i <= 90; ++i) sommaPrima_[i] = sommaPrima_[i - 1] + (i <= n_ ? numero_[i] : 0);
+
+    fissi_ = {};
+    fissoImpossibile_ = false;
+    for (int i = 1; i <= c_.numFissi(); ++i) {
+        int x = c_.NumeriFissi[i];
+        if (x >= 1 && x <= 90) fissi_.aggiungi(x);
+        else fissoImpossibile_ = true;
+    }
+    for (int p = 1; p <= 10; ++p) {
+        posizione_[p] = {};
+        posizioneControllata_[p] = c_.PosizioniNumeri[p][91] == 1;
+        for (int x = 1; x <= 90; ++x)
+            if (c_.PosizioniNumeri[p][x] != 0) posizione_[p].aggiungi(x);
+    }
+    filtri_.assign(1, {});
+    puntiAmmessi_.assign(1, 0);
+    maxPuntiFiltro_ = 0;
+    for (int f = 1; f <= c_.numFiltri(); ++f) {
+        Maschera m;
+        for (int x = 1; x <= 90; ++x)
+            if (c_.ColonneFiltro[f][x]) m.aggiungi(x);
+        filtri_.push_back(m);
+        maxPuntiFiltro_ = std::max(maxPuntiFiltro_, m.conta());
+        uint16_t b = 0;
+        for (int p = 0; p + 1 <= c_.righePuntiFiltro && p <= 10; ++p)
+            if (c_.PuntiFiltro[f][p + 1]) b |= uint16_t(1u << p);
+        puntiAmmessi_.push_back(b);
+    }
+    archivio_ = {};
+    for (int col = 1; col <= c_.numColonneArchivio(); ++col)
+        for (int x = 1; x <= 90; ++x)
+            if (c_.NumeriArchivio[col][x]) archivio_.aggiungi(x);
+    sezioni_.clear();
+    for (int s = 1; s <= c_.numSezioni(); ++s) {
+        const auto& S = c_.Sezioni[s];
+        sezioni_.push_back({S[1], S[2], S[3], S[4], S[5], S[6]});
+    }
+    gruppiPari_ = gruppiDispari_ = interruzioni_ = interruzioniPD_ = 0;
+    for (int t = 0; t <= 10; ++t) {
+        if (c_.GruppiPD[1][t + 1]) gruppiPari_ |= uint16_t(1u << t);
+        if (c_.GruppiPD[2][t + 1]) gruppiDispari_ |= uint16_t(1u << t);
+        if (c_.Interruzioni[t + 1] != 0) interruzioni_ |= uint16_t(1u << t);
+        if (c_.InterruzioniPD[t + 1] != 0) interruzioniPD_ |= uint16_t(1u << t);
+    }
+}
+
+bool FiltroCondizioni::accetta(const uint8_t* N, const int* L, int k) const {
+    const auto& c = c_;
+    // Refusals commute, so the cheapest tests go first, except where a candidate
+    // could otherwise run off the points table of the filter columns first.
+    if (!(attiva(4) && k >= c.righePuntiFiltro && maxPuntiFiltro_ >= c.righePuntiFiltro)) {
+        if (attiva(6)) {
+            int somma = 0;
+            for (int j = 0; j < k; ++j) somma += N[j];
+            if (somma < c.SommaGlobale[1] || somma > c.SommaGlobale[2]) return false;
+        }
+        if (attiva(7)) {
+            int nPari = 0;
+            for (int j = 0; j < k; ++j) nPari += !(N[j] & 1);
+            const auto& P = c.PariDispari;
+            if (nPari < P[1] || nPari > P[2] || k - nPari < P[4] || k - nPari > P[5]) return false;
+        }
+    }
+    Maschera m = MascheraDi(N, k);
+    // bit j: number j is a step from the one before; parity bit j: number j is even
+    unsigned passi = 0, pari = 0;
+    for (int j = 0; j < k; ++j) {
+        if (!(N[j] & 1)) pari |= 1u << j;
+        if (j && N[j] == N[j - 1] + 1) passi |= 1u << j;
+    }
+    const unsigned tutti = (1u << k) - 1;
+
+    if (attiva(1)) {
+        if (fissoImpossibile_ || (fissi_ & m) != fissi_) return false;
+    }
+    if (attiva(11)) {
+        for (int i = 1; i <= k; ++i)
+            if (posizioneControllata_[i] && !posizione_[i].contiene(N[i - 1])) return false;
+    }
+    if (attiva(8)) {
+        const int mn = c.DistanzaNumeri[1], mx = c.DistanzaNumeri[2];
+        const bool segni = c.DistanzaNumeri[3] != 0;
+        for (int i = 0; i < k - 1; ++i) {
+            int d = segni ? L[i + 1] - L[i] : N[i + 1] - N[i];
+            if (d < mn || d > mx) return false;
+        }
+    }
+    if (attiva(2)) {
+        const int mn = c.Consecutivita[1], mx = c.Consecutivita[2];
+        if (c.Consecutivita[3] == 0) {
+            // Gruppo: each run of steps within max, the longest at least min
+            int cons = 0, maxCons = 0;
+            for (int i = 1; i < k; ++i) {
+                if (passi >> i & 1) {
+                    if (++cons > maxCons) maxCons = cons;
+                } else {
+                    if (cons > mx) return false;
+                    cons = 0;
+                }
+            }
+            if (cons > mx || maxCons < mn) return false;
+        } else {
+            const int totale = std::popcount(passi);
+            // in Totale mode cons only grows, and maxCons equals it
+            if (totale > mx || totale < mn) return false;
+        }
+    }
+    if (attiva(3)) {
+        int corrente = 0, massimo = 0;
+        for (int i = 1; i < k; ++i) {
+            if (passi >> i & 1) corrente = 0;
+            else if (++corrente > massimo) massimo = corrente;
+        }
+        const int totale = k - 1 - std::popcount(passi);
+        if (!(interruzioni_ >> totale & 1) || massimo > c.Interruzioni[6]) return false;
+    }
+    if (attiva(9)) {
+        int g[2] = {0, 0};  // groups of even, odd length
+        int lunghezza = 1;
+        for (int j = 1; j <= k; ++j) {
+            if (j < k && ((pari >> j) & 1) == ((pari >> (j - 1)) & 1)) {
+                ++lunghezza;
+            } else {
+                ++g[lunghezza & 1];
+                lunghezza = 1;
+            }
+        }
+        if (!(gruppiPari_ >> g[0] & 1) || !(gruppiDispari_ >> g[1] & 1)) return false;
+    }
+    if (attiva(4)) {
+        for (size_t f = 1; f < filtri_.size(); ++f) {
+            const int punti = comuni(filtri_[f], m);
+            if (punti + 1 > c.righePuntiFiltro) throw errori::indiceFuoriIntervallo();
+            if (!(puntiAmmessi_[f] >> punti & 1)) return false;
+        }
+    }
+    if (attiva(13)) {
+        if (comuni(archivio_, m) > 0) return false;
+    }
+    if (attiva(5)) {
+        for (const Sezione& s : sezioni_) {
+            int presenze = 0, consecutivi = 0;
+            for (int j = 0; j < k - 1; ++j) {
+                if (N[j] >= s.da && N[j] <= s.a) {
+                    ++presenze;
+                    if (passi >> (j + 1) & 1) {
+                        ++consecutivi;
+                    } else {
+                        if (consecutivi < s.cmin || consecutivi > s.cmax) return false;
+                        consecutivi = 0;
+                    }
+                }
+            }
+            if (N[k - 1] >= s.da && N[k - 1] <= s.a) ++presenze;
+            if (presenze < s.min || presenze > s.max) return false;
+        }
+    }
+    if (attiva(6)) {
+        int somma = 0;
+        for (int j = 0; j < k; ++j) somma += N[j];
+        if (somma < c.SommaGlobale[1] || somma > c.SommaGlobale[2]) return false;
+    }
+    if (attiva(7)) {
+        const int nPari = std::popcount(pari), nDispari = k - nPari;
+        const auto& P = c.PariDispari;
+        if (nPari < P[1] || nPari > P[2] || nDispari < P[4] || nDispari > P[5]) return false;
+        int runP = 0, runD = 0, maxP = 0, maxD = 0;
+        for (int j = 0; j < k; ++j) {
+            if (pari >> j & 1) {
+                runD = 0;
+                if (++runP > maxP) maxP = runP;
+            } else {
+                runP = 0;
+                if (++runD > maxD) maxD = runD;
+            }
+        }
+        if (maxP > P[3] || maxD > P[6]) return false;
+    }
+    if (attiva(10)) {
+        // a change of parity between neighbours is an interruption
+        const unsigned cambi = (pari ^ (pari >> 1)) & (tutti >> 1);
+        const int totale = std::popcount(cambi);
+        int corrente = 0, massimo = 0;
+        for (int j = 0; j < k - 1; ++j) {
+            if (cambi >> j & 1) {
+                if (++corrente > massimo) massimo = corrente;
+            } else {
+                corrente = 0;
+            }
+        }
+        if (!(interruzioniPD_ >> totale & 1) || massimo > c.InterruzioniPD[6]) return false;
+    }
+    if (attiva(12) || attiva(15)) {
+        int M[11] = {};
+        for (int j = 1; j <= k; ++j) M[j] = N[j - 1];
+        if (attiva(12) && !Sequele(c, M, k)) return false;
+        if (attiva(15) && !RitardoFrequenzaMedia(c, M, k)) return false;
+    }
+    return true;
+}
+
+
+// A prefix is judged only by tests whose verdict it already fixes. Tests from the
+// filter columns on judge it only when no candidate could run off the points table
+// first; nothing before the sequences can reach that test's failure.
+bool FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, int k) const {
+    const auto& c = c_;
+    const int resto = k - len;
+    const int ultimo = N[len - 1];
+    const int prossimo = L[len - 1] + 1;  // the place the next number comes from at least
+    const bool erroreFiltri = attiva(4) && k >= c.righePuntiFiltro && maxPuntiFiltro_ >= c.righePuntiFiltro;
+
+    // the sum first: the most selective and the cheapest
+    if (attiva(6) && !erroreFiltri && resto > 0 && prossimo + resto - 1 <= n_) {
+        int somma = 0;
+        for (int j = 0; j < len; ++j) somma += N[j];
+        const int minimo = somma + sommaPrima_[prossimo + resto - 1] - sommaPrima_[prossimo - 1];
+        const int massimo = somma + sommaPrima_[n_] - sommaPrima_[n_ - resto];
+        if (minimo > c.SommaGlobale[2] || massimo < c.SommaGlobale[1]) return true;
+    }
+
+    if (attiva(1)) {
+        if (fissoImpossibile_) return true;
+        // a fixed number below the last one of the prefix can no longer come
+        Maschera m = MascheraDi(N, len);
+        for (int x = 1; x < ultimo; ++x)
+            if (fissi_.contiene(x) && !m.contiene(x)) return true;
+    }
+    if (attiva(11)) {
+        for (int i = 1; i <= len; ++i)
+            if (posizioneControllata_[i] && !posizione_[i].contiene(N[i - 1])) return true;
+    }
+    if (attiva(8)) {
+        const int mn = c.DistanzaNumeri[1], mx = c.DistanzaNumeri[2];
+        const bool segni = c.DistanzaNumeri[3] != 0;
+        for (int i = 0; i < len - 1; ++i) {
+            int d = segni ? L[i + 1] - L[i] : N[i + 1] - N[i];
+            if (d < mn || d > mx) return true;
+        }
+        // the next pair is at least as far apart as the next place allows
+        if (resto > 0 && prossimo <= n_) {
+            int d = segni ? 1 : numero_[prossimo] - ultimo;
+            if (d > mx) return true;
+        }
+    }
+    if (attiva(2)) {
+        const int mx = c.Consecutivita[2];
+        int cons = 0;
+        for (int i = 1; i < len; ++i) {
+            if (N[i] == N[i - 1] + 1) {
+                ++cons;
+            } else {
+                if (cons > mx) return true;
+                if (c.Consecutivita[3] == 0) cons = 0;
+            }
+        }
+        if (cons > mx) return true;  // the run fails at its gap or at the end
+    }
+    if (attiva(3)) {
+        int corrente = 0, totale = 0, massimo = 0;
+        for (int i = 1; i < len; ++i) {
+            if (N[i] == N[i - 1] + 1) {
+                corrente = 0;
+            } else {
+                ++totale;
+                if (++corrente > massimo) massimo = corrente;
+            }
+        }
+        if (massimo > c.Interruzioni[6]) return true;
+        bool qualcuno = false;
+        for (int t = totale; t <= totale + resto && t <= 10; ++t)
+            if (interruzioni_ >> t & 1) qualcuno = true;
+        if (!qualcuno) return true;
+    }
+    if (erroreFiltri) return false;
+    if (attiva(13)) {
+        if (comuni(archivio_, MascheraDi(N, len)) > 0) return true;
+    }
+    if (attiva(5)) {
+        for (const Sezione& s : sezioni_) {
+            int presenze = 0;
+            for (int j = 0; j < len; ++j)
+                if (N[j] >= s.da && N[j] <= s.a) ++presenze;
+            if (presenze > s.max) return true;
+        }
+    }
+    if (attiva(6)) {
+        int somma = 0;
+        for (int j = 0; j < len; ++j) somma += N[j];
+        if (resto > 0) {
+            if (prossimo + resto - 1 > n_) return false;  // no candidate below: nothing to judge
+            const int minimo = somma + sommaPrima_[prossimo + resto - 1] - sommaPrima_[prossimo - 1];
+            const int massimo = somma + sommaPrima_[n_] - sommaPrima_[n_ - resto];
+            if (minimo > c.SommaGlobale[2] || massimo < c.SommaGlobale[1]) return true;
+        } else if (somma < c.SommaGlobale[1] || somma > c.SommaGlobale[2]) {
+            return true;
+        }
+    }
+    if (attiva(7)) {
+        const auto& P = c.PariDispari;
+        int nPari = 0, runP = 0, runD = 0, maxP = 0, maxD = 0;
+        for (int j = 0; j < len; ++j) {
+            if (!(N[j] & 1)) {
+                ++nPari;
+                runD = 0;
+                if (++runP > maxP) maxP = runP;
+            } else {
+                runP = 0;
+                if (++runD > maxD) maxD = runD;
+            }
+        }
+        const int nDispari = len - nPari;
+        if (nPari > P[2] || nDispari > P[5] || nPari + resto < P[1] || nDispari + resto < P[4]) return true;
+        if (maxP > P[3] || maxD > P[6]) return true;
+    }
+    if (attiva(10)) {
+        int totale = 0, corrente = 0, massimo = 0;
+        for (int j = 1; j < len; ++j) {
+            if ((N[j] & 1) != (N[j - 1] & 1)) {
+                ++totale;
+                if (++corrente > massimo) massimo = corrente;
+            } else {
+                corrente = 0;
+            }
+        }
+        if (massimo > c.InterruzioniPD[6]) return true;
+        bool qualcuno = false;
+        for (int t = totale; t <= totale + resto && t <= 10; ++t)
+            if (interruzioniPD_ >> t & 1) qualcuno = true;
+        if (!qualcuno) return true;
+    }
+    return false;
+}
+
+
+// The sum and the distance bound the last number: its places form one interval
+// because the forecast is ascending.
+void FiltroCondizioni::intervalloUltimo(const uint8_t* N, const int* L, int k, int& da, int& a) const {
+    const auto& c = c_;
+    const int ultimo = N[k - 2], posto = L[k - 2];
+    auto primoAlmeno = [&](int valore) {  // first place whose number is >= valore
+        int lo = da, hi = a + 1;
+        while (lo < hi) {
+            int m = (lo + hi) / 2;
+            if (numero_[m] < valore) lo = m + 1;
+            else hi = m;
+        }
+        return lo;
+    };
+    auto ultimoAlPiu = [&](int valore) { return primoAlmeno(valore + 1) - 1; };
+    if (attiva(8)) {
+        const int mn = c.DistanzaNumeri[1], mx = c.DistanzaNumeri[2];
+        if (c.DistanzaNumeri[3] != 0) {
+            da = std::max(da, posto + mn);
+            a = std::min(a, posto + mx);
+        } else {
+            da = std::max(da, primoAlmeno(ultimo + mn));
+            a = std::min(a, ultimoAlPiu(ultimo + mx));
+        }
+        if (da > a) return;
+    }
+    if (attiva(4) && k >= c.righePuntiFiltro && maxPuntiFiltro_ >= c.righePuntiFiltro) return;
+    if (attiva(6)) {
+        int somma = 0;
+        for (int j = 0; j < k - 1; ++j) somma += N[j];
+        da = std::max(da, primoAlmeno(c.SommaGlobale[1] - somma));
+        a = std::min(a, ultimoAlPiu(c.SommaGlobale[2] - somma));
+    }
+}
+
+}  // namespace zef

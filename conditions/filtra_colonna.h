@@ -1,0 +1,66 @@
+// The column filter: the fourteen tests of the condition set on one candidate.
+//
+// FiltraColonna is the plain test, written test by test in its fixed order; it is
+// the reference. FiltroCondizioni is what the development installs: the same
+// answers from flat tables and bit masks, plus a prefix check that lets the
+// generator skip subtrees that must all be refused.
+#pragma once
+
+#include "conditions/condizioni.h"
+#include "core/colonne.h"
+#include "core/filtro.h"
+
+#include <memory>
+
+namespace zef {
+
+// True when the candidate passes. `numeri` holds the k numbers, `livelli` their
+// 1-based places in the forecast (both from index 0). Raises error 9 where a test
+// runs off its table (sequences from k = 6, six or more points on a filter column).
+bool FiltraColonna(const Condizioni& c, const uint8_t* numeri, const int* livelli, int k);
+
+class FiltroCondizioni : public FiltroColonna {
+public:
+    // Reads the set through `sorgente` at each `prepara`: the dialog keeps editing it.
+    explicit FiltroCondizioni(std::shared_ptr<const Condizioni> sorgente) : sorgente_(std::move(sorgente)) {}
+
+    void prepara(const Sistema& s) override;
+    // Prepares straight from a set (the fixed numbers are those of the set).
+    void preparaDa(const Condizioni& c, const std::vector<int>& pronostico, int n);
+
+    bool accetta(const uint8_t* numeri, const int* livelli, int k) const override;
+    bool scartaPrefisso(const uint8_t* numeri, const int* livelli, int lunghezza, int k) const override;
+    void intervalloUltimo(const uint8_t* numeri, const int* livelli, int k, int& da, int& a) const override;
+    std::unique_ptr<FiltroColonna> clona() const override { return std::make_unique<FiltroCondizioni>(*this); }
+
+    const Condizioni& condizioni() const { return c_; }
+
+private:
+    struct Sezione {
+        int da, a, min, max, cmin, cmax;
+    };
+    void costruisci();
+    bool attiva(int i) const { return c_.CondizioneAttiva[i]; }
+
+    std::shared_ptr<const Condizioni> sorgente_;
+    Condizioni c_;
+    // forecast, 1-based, and its prefix sums
+    uint8_t numero_[92] = {};
+    int sommaPrima_[92] = {};
+    int n_ = 0;
+
+    Maschera fissi_;
+    bool fissoImpossibile_ = false;  // a fixed number outside 1..90 is never in a column
+    std::array<Maschera, 11> posizione_{};
+    std::array<bool, 11> posizioneControllata_{};
+    std::vector<Maschera> filtri_;
+    std::vector<uint16_t> puntiAmmessi_;  // bit p: exactly p points allowed
+    int maxPuntiFiltro_ = 0;               // most numbers held by one filter
+    Maschera archivio_;                    // union of the archive columns
+    std::vector<Sezione> sezioni_;
+    uint16_t gruppiPari_ = 0, gruppiDispari_ = 0;
+    uint16_t interruzioni_ = 0, interruzioniPD_ = 0;  // bit t: t interruptions allowed
+    uint16_t presenzeSequela_[64] = {};
+};
+
+}  // namespace zef

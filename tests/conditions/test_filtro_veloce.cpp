@@ -1,0 +1,202 @@
+// The installed filter (flat tables, prefix skips, worker threads of the development)
+// against the plain FiltraColonna over every candidate of small developments.
+#include "conditions/filtra_colonna.h"
+#include "core/errori.h"
+#include "core/form4.h"
+#include "core/interfaccia_scriptata.h"
+#include "core/sistema.h"
+#include "core/sviluppo.h"
+#include "support/prova_sistema.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+using namespace zef;
+
+namespace {
+
+// The plain test, one candidate at a time, no prefix judged.
+class Letterale : public FiltroColonna {
+public:
+    explicit Letterale(Condizioni c) : c_(std::move(c)) {}
+    bool accetta(const uint8_t* n, const int* l, int k) const override { return FiltraColonna(c_, n, l, k); }
+    std::unique_ptr<FiltroColonna> clona() const override { return std::make_unique<Letterale>(*this); }
+
+private:
+    Condizioni c_;
+};
+
+Condizioni Casuali(std::mt19937& g, int k) {
+    auto u = [&](int a, int b) { return std::uniform_int_distribution<int>(a, b)(g); };
+    auto moneta = [&](int percento) { return u(1, 100) <= percento; };
+    Condizioni c;
+    for (int i = 1; i <= 15; ++i) c.CondizioneAttiva[i] = moneta(30);
+    c.Consecutivita = {0, static_cast<int16_t>(u(0, 2)), static_cast<int16_t>(u(0, 4)), static_cast<int16_t>(u(0, 1))};
+    for (int i = 1; i <= 6; ++i) c.Interruzioni[i] = moneta(80);
+    c.Interruzioni[6] = static_cast<int16_t>(u(1, 5));
+    c.righePuntiFiltro = 6;
+    for (int f = u(0, 3); f > 0; --f) {
+        std::array<bool, 91> col{};
+        for (int x = 1; x <= 90; ++x) col[x] = moneta(25);
+        std::array<bool, 12> p{};
+        for (int i = 1; i <= 6; ++i) p[i] = moneta(70);
+        c.ColonneFiltro.push_back(col);
+        c.PuntiFiltro.push_back(p);
+    }
+    for (int s = u(0, 2); s > 0; --s) {
+        int16_t da = static_cast<int16_t>(u(1, 90)), a = static_cast<int16_t>(u(da, 90));
+        int16_t mn = static_cast<int16_t>(u(0, 2)), cmn = static_cast<int16_t>(u(0, 1));
+        c.Sezioni.push_back({0, da, a, mn, static_cast<int16_t>(u(mn, 5)), cmn, static_cast<int16_t>(u(cmn, 4))});
+    }
+    int media = 46 * k;
+    int16_t smin = static_cast<int16_t>(u(media / 3, media)), smax = static_cast<int16_t>(u(smin, media * 3 / 2));
+    c.SommaGlobale = {0, smin, smax};
+    int16_t pmin = static_cast<int16_t>(u(0, 2)), dmin = static_cast<int16_t>(u(0, 2));
+    c.PariDispari = {0, pmin, static_cast<int16_t>(u(pmin, 5)), static_cast<int16_t>(u(1, 5)), dmin,
+                     static_cast<int16_t>(u(dmin, 5)), static_cast<int16_t>(u(1, 6))};
+    int16_t dm = static_cast<int16_t>(u(1, 6));
+    c.DistanzaNumeri = {0, dm, static_cast<int16_t>(u(dm, 40)), static_cast<int16_t>(u(0, 1))};
+    for (int i = 1; i <= 4; ++i) c.GruppiPD[1][i] = moneta(80);
+    for (int i = 1; i <= 6; ++i) c.GruppiPD[2][i] = moneta(80);
+    for (int i = 1; i <= 6; ++i) c.InterruzioniPD[i] = moneta(80);
+    c.InterruzioniPD[6] = static_cast<int16_t>(u(1, 5));
+    for (int p = 1; p <= 10; ++p) {
+        c.PosizioniNumeri[p][91] = moneta(30) ? 1 : 0;
+        for (int x = 1; x <= 90; ++x) c.PosizioniNumeri[p][x] = moneta(70);
+    }
+    c.righePresenzeSequele = 6;
+    for (int s = u(0, 2); s > 0; --s) {
+        std::array<bool, 12> p{};
+        for (int i = 1; i <= 6; ++i) p[i] = moneta(60);
+        c.SequelePD.push_back({0, static_cast<int16_t>(u(0, 2)), static_cast<int16_t>(u(1, 2)),
+                               static_cast<int16_t>(u(0, 2)), static_cast<int16_t>(u(0, 3))});
+        c.PresenzeSequele.push_back(p);
+    }
+    for (int col = u(0, 2); col > 0; --col) {
+        std::array<bool, 91> a{};
+        for (int i = 0; i < 5; ++i) a[u(1, 90)] = true;
+        c.NumeriArchivio.push_back(a);
+    }
+    for (int x = 1; x <= 90; ++x) {
+        c.ValoriNumeri[x] = static_cast<int16_t>(u(0, 20));
+        c.RitardiNumeri[x] = static_cast<int16_t>(u(0, 60));
+    }
+    float rmin = static_cast<float>(u(0, 20));
+    c.RitardoFrequenza[1] = {0, rmin, rmin + static_cast<float>(u(0, 40))};
+    c.RitardoFrequenza[2] = {0, static_cast<float>(u(0, 15)), static_cast<float>(u(0, 15))};
+    return c;
+}
+
+struct Esito {
+    int32_t NumColonne;
+    int64_t ColonneEsaminate;
+    std::vector<uint8_t> colonne;
+    std::vector<std::string> box;
+    long long cessioni;
+};
+
+Esito Sviluppa(const std::vector<int>& pronostico, int k, std::shared_ptr<FiltroColonna> f,
+               const std::vector<int16_t>& fissi, int64_t capacita, int thread) {
+    Sistema s;
+    prova::ImpostaPronostico(s, pronostico);
+    s.SviluppoK = static_cast<int16_t>(k);
+    s.NumeriFissi = fissi;
+    s.NumeriFissiBase = 0;
+    s.filtro = std::move(f);
+    s.colonne.dimensiona(k, capacita);
+    InterfacciaScriptata ui;
+    MostraForm4(s, ui);
+    ParametriSviluppo par;
+    par.thread = thread;
+    par.sogliaParallela = 0;
+    par.candidatiPerLotto = 64;
+    SviluppaColonne(s, ui, par);
+    Esito e{s.NumColonne, s.ColonneEsaminate, {}, {}, ui.cessioni};
+    e.colonne.assign(s.colonne.dati(), s.colonne.dati() + std::max(s.NumColonne, 0) * k);
+    for (auto& b : ui.box) e.box.push_back(b.testo);
+    return e;
+}
+
+}  // namespace
+
+TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
+    std::mt19937 g(20261123);
+    int conErrore = 0, alLimite = 0, saltati = 0, conColonne = 0, tagliati = 0;
+    for (int caso = 0; caso < 400; ++caso) {
+        auto u = [&](int a, int b) { return std::uniform_int_distribution<int>(a, b)(g); };
+        const int k = u(2, 7);
+        const int n = u(k, 16);
+        std::vector<int> tutti(90);
+        for (int i = 0; i < 90; ++i) tutti[i] = i + 1;
+        std::shuffle(tutti.begin(), tutti.end(), g);
+        std::vector<int> pronostico(tutti.begin(), tutti.begin() + n);
+        std::sort(pronostico.begin(), pronostico.end());
+
+        Condizioni c = Casuali(g, k);
+        // fixed numbers: from the forecast, now and then one outside it
+        std::vector<int16_t> fissi{0};
+        for (int i = u(0, 2); i > 0; --i) fissi.push_back(static_cast<int16_t>(pronostico[u(0, n - 1)]));
+        if (u(1, 10) == 1) fissi.push_back(static_cast<int16_t>(u(1, 90)));
+        Condizioni letterale = c;
+        letterale.NumeriFissi = fissi;
+
+        const int64_t capacita = u(1, 4) == 1 ? u(1, 30) : 100000;
+        const int thread = u(1, 2);
+        auto sorgente = std::make_shared<Condizioni>(c);
+        Esito a = Sviluppa(pronostico, k, std::make_shared<Letterale>(letterale), fissi, capacita, 1);
+        Esito b = Sviluppa(pronostico, k, std::make_shared<FiltroCondizioni>(sorgente), fissi, capacita, thread);
+        const std::string nome = "caso " + std::to_string(caso);
+        ASSERT_EQ(a.NumColonne, b.NumColonne) << nome;
+        ASSERT_EQ(a.ColonneEsaminate, b.ColonneEsaminate) << nome;
+        ASSERT_EQ(a.colonne, b.colonne) << nome;
+        ASSERT_EQ(a.box, b.box) << nome;
+        ASSERT_EQ(a.cessioni, b.cessioni) << nome;
+        if (a.NumColonne > 0) ++conColonne;
+        if (!a.box.empty()) (capacita < 100000 ? alLimite : conErrore)++;
+        // and candidate by candidate, without the development
+        FiltroCondizioni f(sorgente);
+        Sistema s;
+        prova::ImpostaPronostico(s, pronostico);
+        s.NumeriFissi = fissi;
+        s.NumeriFissiBase = 0;
+        f.prepara(s);
+        std::vector<int> liv(k);
+        for (int i = 0; i < k; ++i) liv[i] = i + 1;
+        for (;;) {
+            uint8_t num[10];
+            for (int i = 0; i < k; ++i) num[i] = static_cast<uint8_t>(pronostico[liv[i] - 1]);
+            int esitoA = 0, esitoB = 0;
+            try { esitoA = FiltraColonna(letterale, num, liv.data(), k) ? 1 : 0; } catch (const ErroreEsecuzione&) { esitoA = 2; }
+            try { esitoB = f.accetta(num, liv.data(), k) ? 1 : 0; } catch (const ErroreEsecuzione&) { esitoB = 2; }
+            ASSERT_EQ(esitoA, esitoB) << nome;
+            // a place cut off for the last number holds only refused candidates
+            {
+                int da = liv[k - 2] + 1, a = n;
+                f.intervalloUltimo(num, liv.data(), k, da, a);
+                if (liv[k - 1] < da || liv[k - 1] > a) {
+                    ++tagliati;
+                    ASSERT_EQ(esitoA, 0) << nome << " ultimo " << liv[k - 1];
+                }
+            }
+            // a skipped prefix covers only candidates the plain filter refuses without error
+            for (int len = 2; len < k; ++len)
+                if (f.scartaPrefisso(num, liv.data(), len, k)) {
+                    ++saltati;
+                    ASSERT_EQ(esitoA, 0) << nome << " prefisso " << len;
+                }
+            int i = k - 1;
+            while (i >= 0 && liv[i] == n - k + i + 1) --i;
+            if (i < 0) break;
+            ++liv[i];
+            for (int j = i + 1; j < k; ++j) liv[j] = liv[j - 1] + 1;
+        }
+    }
+    // the draw reaches every kind of ending
+    EXPECT_GT(conErrore, 0);
+    EXPECT_GT(alLimite, 0);
+    EXPECT_GT(saltati, 0);
+    EXPECT_GT(conColonne, 100);
+    EXPECT_GT(tagliati, 0);
+}
