@@ -117,7 +117,7 @@ QWidget* Form3View::creaRuote() {
         auto* nome = new QLabel(IntestazioniRuote[w]);
         nome->setObjectName(QString("Ruota%1").arg(w + 1));
         nome->setFont(vista::CarattereFinestra(9, true));
-        nome->setMinimumWidth(86);
+        nome->setContentsMargins(0, 0, 10, 0);
         g->addWidget(nome, w, 0);
         for (int p = 0; p < 5; ++p) {
             const int i = w * 5 + p;

@@ -22,6 +22,7 @@
 
 #include <atomic>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -338,4 +339,33 @@ TEST(Form3View, UscitaChiudeArchivioEBrowser) {
     EXPECT_EQ(p.app->archivio(), nullptr);
     // The file is left whole: it opens again with its three draws.
     EXPECT_EQ(ArchivioEstrazioni(p.archivio).NumeroEstrazioni(), 3);
+}
+
+// Every visible control lies inside the window, no two boxes overlap; with
+// ZEF_SCHERMATE set to a folder the window is saved there as form3.png.
+TEST(Form3View, DisposizioneESchermata) {
+    Programma p;
+    p.avvia();
+    Form3View& v = p.apriBrowser();
+    QApplication::processEvents();
+    const QRect finestra = v.rect();
+    for (QWidget* c : v.findChildren<QWidget*>()) {
+        if (!c->isVisibleTo(&v) || c->isWindow()) continue;
+        QRect r(c->mapTo(&v, QPoint(0, 0)), c->size());
+        EXPECT_TRUE(finestra.contains(r)) << c->objectName().toStdString() << " out of the window";
+    }
+    for (int i = 0; i < 55; ++i)
+        for (int j = i + 1; j < 55; ++j)
+            EXPECT_FALSE(v.Text1(i)->geometry().intersects(v.Text1(j)->geometry())) << i << " " << j;
+    // Each wheel's boxes on one row, beside its label.
+    for (int w = 0; w < 11; ++w) {
+        auto* nome = v.findChild<QLabel*>(QString("Ruota%1").arg(w + 1));
+        EXPECT_EQ(nome->geometry().center().y(), v.Text1(w * 5)->geometry().center().y()) << w;
+        EXPECT_LT(nome->geometry().right(), v.Text1(w * 5)->geometry().left()) << w;
+    }
+    QPixmap foto = v.grab();
+    ASSERT_FALSE(foto.isNull());
+    if (const char* cartella = std::getenv("ZEF_SCHERMATE")) {
+        EXPECT_TRUE(foto.save(QString("%1/form3.png").arg(cartella)));
+    }
 }
