@@ -69,7 +69,8 @@ void Applicazione::collegaArchivio() {
     f1_.ChiudiArchivio = [this] {
         if (vista3_ && vista3_->isVisible()) vista3_->hide();
         if (form3_ && form3_->caricato) form3_->scarica();
-        archivio_.reset();
+        // A running worker still uses the connection: it is closed when the worker ends.
+        if (!lavoroInCorso_) archivio_.reset();
     };
     f1_.mostraForm3 = [this] {
         if (!form3_) {
@@ -94,9 +95,23 @@ void Applicazione::suArchivio(void (*comando)(ArchivioEstrazioni&, Interfaccia&)
         return;
     }
     // The worker owns the connection until it ends; the interface thread only
-    // serves its boxes and the "Attendere" window meanwhile.
+    // serves its boxes and the "Attendere" window meanwhile, and a second command
+    // asked for in the while is dropped.
+    if (lavoroInCorso_) return;
+    lavoroInCorso_ = true;
     ArchivioEstrazioni& a = *archivio_;
-    vista::EseguiInThread([&a, &ui, comando] { comando(a, ui); });
+    try {
+        vista::EseguiInThread([&a, &ui, comando] { comando(a, ui); });
+    } catch (...) {
+        lavoroInCorso_ = false;
+        if (f1_.terminato) archivio_.reset();
+        throw;
+    }
+    lavoroInCorso_ = false;
+    if (f1_.terminato) {  // Exit came while the worker ran
+        archivio_.reset();
+        return;
+    }
     ricaricaForm3();
     vista_->aggiorna(false);
 }

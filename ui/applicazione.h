@@ -65,6 +65,7 @@ private:
     // when its views are in the tree).
     std::vector<std::shared_ptr<void>> finestre_;
     std::unique_ptr<ArchivioEstrazioni> archivio_;
+    bool lavoroInCorso_ = false;  // a worker owns archivio_
     // After vista_: the browser's window goes before the main window it belongs to.
     std::unique_ptr<Form3> form3_;
     std::unique_ptr<Form3View> vista3_;

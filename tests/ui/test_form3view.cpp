@@ -321,8 +321,11 @@ TEST(Form3View, ArchivioIlleggibileAllAvvio) {
     p.app->finestra().voce("ImportaArchivio")->trigger();
     ASSERT_EQ(p.box.size(), 2u);
     EXPECT_EQ(p.box[1].testo, "L'archivio delle estrazioni non è aperto.");
+    p.app->finestra().voce("AggiornaEstrazioni")->trigger();
+    ASSERT_EQ(p.box.size(), 3u);
+    EXPECT_EQ(p.box[2].testo, "L'archivio delle estrazioni non è aperto.");
     Form3View& v = p.apriBrowser();
-    EXPECT_EQ(p.box.size(), 3u);
+    EXPECT_EQ(p.box.size(), 4u);
     EXPECT_TRUE(v.Label19()->text().isEmpty());
     EXPECT_TRUE(p.app->finestra().isVisible());
 }
@@ -368,4 +371,23 @@ TEST(Form3View, DisposizioneESchermata) {
     if (const char* cartella = std::getenv("ZEF_SCHERMATE")) {
         EXPECT_TRUE(foto.save(QString("%1/form3.png").arg(cartella)));
     }
+}
+
+// Exit while the import's worker holds the archive: the connection outlives the
+// worker's use of it and is closed after; the import is whole.
+TEST(Form3View, UscitaDuranteLImportazione) {
+    Programma p;
+    p.avvia();
+    const std::string nuove = FileStorico(p.cartella, "nuove.txt", {"2024/01/06", "2024/01/09"}, 4);
+    p.app->interfaccia().rispostaFile = [&p, nuove](bool) -> std::optional<std::string> {
+        p.app->finestra().voce("Uscita")->trigger();
+        EXPECT_NE(p.app->archivio(), nullptr);
+        return nuove;
+    };
+    p.app->finestra().voce("ImportaArchivio")->trigger();
+    EXPECT_TRUE(p.app->form1().terminato);
+    EXPECT_EQ(p.app->archivio(), nullptr);
+    ASSERT_EQ(p.box.size(), 1u);
+    EXPECT_EQ(p.box[0].testo, "Estrazioni importate: 2.\nEstrazioni in archivio: 5.");
+    EXPECT_EQ(ArchivioEstrazioni(p.archivio).NumeroEstrazioni(), 5);
 }
