@@ -46,7 +46,7 @@ void Sviluppa(benchmark::State& state, int n, int k, bool filtro, int thread) {
         benchmark::DoNotOptimize(s.NumColonne);
         state.counters["colonne"] = s.NumColonne;
         state.counters["esaminate"] = static_cast<double>(s.ColonneEsaminate);
-        state.counters["candidati/s"] = benchmark::Counter(static_cast<double>(s.ColonneEsaminate), benchmark::Counter::kIsRate);
+        state.counters["candidati/s"] = benchmark::Counter(static_cast<double>(s.ColonneEsaminate), benchmark::Counter::kIsIterationInvariantRate);
         state.counters["byte/numero"] = static_cast<double>(s.colonne.residente()) / (static_cast<double>(s.NumColonne) * k);
     }
 }

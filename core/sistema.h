@@ -39,6 +39,26 @@ struct Form2Controlli {
     int ruota() const;
 };
 
+// The win percentages window (Form8): its table outlives the window being hidden,
+// and the listing prints it. Unloading brings back the design state.
+struct Form8Controlli {
+    static constexpr const char* CaptionDesign =
+        "CALCOLO PERCENTUALI IN CORSO...                         ESC per interrompere";
+    bool caricato = false;
+    std::string Caption = CaptionDesign;
+    // Row titles: cinquine, quaterne, terni, ambi.
+    std::array<std::string, 4> titoli{"1 Cinquina/e al", "1 Quaterna/e al", "2 Terno/i al", "4 Ambo/i al"};
+    // Perc5, Perc4, Perc3, Perc2, each indexed by L (2..5; 0 and 1 unused).
+    std::array<std::array<std::string, 6>, 4> Perc{};
+    std::string GaranziaMax = "nessuna";
+    std::string GaranziaMin = "nessuna";
+    bool barraVisibile = false;
+    double barraMinimo = 0, barraMassimo = 0, barraValore = 0;
+    bool Timer1 = false;
+
+    void scarica() { *this = Form8Controlli{}; }
+};
+
 // The options of the reduction dialog (Form5) that outlive it in the sistema:
 // Option1..Option4 (cinquina, quaterna, terno, ambo), "100%" and "ACCURATO".
 struct Form5Controlli {
@@ -109,6 +129,7 @@ struct Sistema {
 
     Form2Controlli form2;
     Form5Controlli form5;
+    Form8Controlli form8;  // the win percentages table
     Form4Controlli form4;  // the shared progress window
     bool Timer4Abilitato = false;  // Form1.Timer4: the cover's ticks run while it is on
 
