@@ -80,7 +80,6 @@ void Applicazione::collegaArchivio() {
                                                                  : opzioni_.archivio;
             form3_ = std::make_unique<Form3>(*s_, ui_, Form3Collegamenti{}, file);
             vista3_ = std::make_unique<Form3View>(*form3_, ui_, vista_.get());
-            vista3_->setWindowFlag(Qt::Window);
         }
         vista3_->apri();
     };
