@@ -10,6 +10,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QToolButton>
@@ -287,6 +288,11 @@ bool Form3View::eventFilter(QObject* oggetto, QEvent* evento) {
         }
         if (tipo == QEvent::MouseMove &&
             std::find(fondi_.begin(), fondi_.end(), oggetto) != fondi_.end()) {
+            // A move over a shown button climbs to the form behind it: not the form's.
+            const QPoint dove = static_cast<QMouseEvent*>(evento)->position().toPoint();
+            QWidget* sotto = static_cast<QWidget*>(oggetto)->childAt(dove);
+            for (int c = 1; c <= 7; ++c)
+                if (sotto && (sotto == comandi_[c] || comandi_[c]->isAncestorOf(sotto))) return false;
             bool mostrato = false;
             for (int c = 1; c <= 7; ++c) mostrato = mostrato || m_.Command[c].Visible;
             if (mostrato) {

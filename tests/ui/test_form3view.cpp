@@ -393,3 +393,23 @@ TEST(Form3View, UscitaDuranteLImportazione) {
     EXPECT_EQ(p.box[0].testo, "Estrazioni importate: 2.\nEstrazioni in archivio: 5.");
     EXPECT_EQ(ArchivioEstrazioni(p.archivio).NumeroEstrazioni(), 5);
 }
+
+// A move over a shown button climbs to the cell behind it: the button stays; a
+// move over the bare frame of the boxes hides it.
+TEST(Form3View, IlMovimentoSulPulsanteNonLoNasconde) {
+    Programma p;
+    p.avvia();
+    Form3View& v = p.apriBrowser();
+    QEnterEvent entra(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+    QApplication::sendEvent(v.Label(5), &entra);
+    ASSERT_TRUE(v.Command(3)->isVisible());
+    QWidget* cella = v.Command(3)->parentWidget();
+    const QPointF sulPulsante = v.Command(3)->geometry().center();
+    QMouseEvent risale(QEvent::MouseMove, sulPulsante, sulPulsante, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(cella, &risale);
+    EXPECT_TRUE(v.Command(3)->isVisible());
+    QWidget* fondo = v.findChild<QWidget*>("FrameRuote");
+    QMouseEvent fuori(QEvent::MouseMove, QPointF(2, 2), QPointF(2, 2), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(fondo, &fuori);
+    EXPECT_FALSE(v.Command(3)->isVisible());
+}
