@@ -91,6 +91,7 @@ public:
     std::function<void()> VisualizzaPercentuali;
     std::function<void()> mostraForm3;      // archive browser
     std::function<void()> AggiornaEstrazioni;
+    std::function<void()> ImportaArchivio;  // historical draw file into the archive
     std::function<void()> mostraForm16;     // win statistics
     std::function<void()> mostraAbout;      // frmAbout modal
 
@@ -138,6 +139,7 @@ public:
     void menuSviluppoRidotto();
     void menuColonneVincenti() { chiama(mostraForm3); }
     void menuAggiornaEstrazioni() { chiama(AggiornaEstrazioni); }
+    void menuImportaArchivio() { chiama(ImportaArchivio); }
     void menuVincite() { chiama(mostraForm16); }
     void menusommario();
     void menuAiutoInformazioni() { chiama(mostraAbout); }

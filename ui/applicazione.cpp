@@ -1,7 +1,11 @@
 #include "ui/applicazione.h"
 
+#include "archive/archivio.h"
+#include "archive/comandi_archivio.h"
+#include "archive/form3.h"
 #include "files/filesistema.h"
 #include "ui/finestre_riduzione.h"
+#include "ui/form3view.h"
 #include "ui/frmsplash.h"
 #include "ui/vista_comune.h"
 
@@ -27,7 +31,11 @@ Applicazione::Applicazione(const Opzioni& opzioni)
     collegaFinestre();
 }
 
-Applicazione::~Applicazione() = default;
+Applicazione::~Applicazione() {
+    // The browser holds a connection of its own and a view parented to the main window.
+    vista3_.reset();
+    form3_.reset();
+}
 
 void Applicazione::collega() {
     Sistema& s = *s_;
@@ -49,6 +57,72 @@ void Applicazione::collega() {
     f1_.Apri = [&s, &ui] { zef::Apri(s, ui); };
     f1_.Salva = [&s, &ui] { zef::Salva(s, ui); };
     f1_.SalvaConNome = [&s, &ui] { zef::SalvaConNome(s, ui); };
+    collegaArchivio();
+}
+
+void Applicazione::collegaArchivio() {
+    // Raises on failure: the main window's start-up shows the message and goes on without it.
+    f1_.apriArchivio = [this] {
+        archivio_.reset();
+        archivio_ = opzioni_.archivio.empty() ? ArchivioEstrazioni::ApriPredefinito()
+                                              : ArchivioEstrazioni::ApriOCrea(opzioni_.archivio);
+    };
+    f1_.ChiudiArchivio = [this] {
+        if (vista3_ && vista3_->isVisible()) vista3_->hide();
+        if (form3_ && form3_->caricato) form3_->scarica();
+        // A running worker still uses the connection: it is closed when the worker ends.
+        if (!lavoroInCorso_) archivio_.reset();
+    };
+    f1_.mostraForm3 = [this] {
+        if (!form3_) {
+            // The browser opens the file the program opened (its own connection).
+            const std::string file = archivio_ ? archivio_->percorso()
+                                     : opzioni_.archivio.empty() ? ArchivioEstrazioni::PercorsoPredefinito()
+                                                                 : opzioni_.archivio;
+            form3_ = std::make_unique<Form3>(*s_, ui_, Form3Collegamenti{}, file);
+            vista3_ = std::make_unique<Form3View>(*form3_, ui_, vista_.get());
+        }
+        vista3_->apri();
+    };
+    f1_.AggiornaEstrazioni = [this] { suArchivio(&AggiornaEstrazioniDalWeb); };
+    f1_.ImportaArchivio = [this] { suArchivio(&ImportaArchivioStorico); };
+}
+
+void Applicazione::suArchivio(void (*comando)(ArchivioEstrazioni&, Interfaccia&)) {
+    Interfaccia& ui = ui_;
+    if (!archivio_) {
+        ui.messaggio("L'archivio delle estrazioni non è aperto.", "ATTENZIONE", Icona::Esclamazione);
+        return;
+    }
+    // The worker owns the connection until it ends; the interface thread only
+    // serves its boxes and the "Attendere" window meanwhile, and a second command
+    // asked for in the while is dropped.
+    if (lavoroInCorso_) return;
+    lavoroInCorso_ = true;
+    ArchivioEstrazioni& a = *archivio_;
+    try {
+        vista::EseguiInThread([&a, &ui, comando] { comando(a, ui); });
+    } catch (...) {
+        lavoroInCorso_ = false;
+        if (f1_.terminato) archivio_.reset();
+        throw;
+    }
+    lavoroInCorso_ = false;
+    if (f1_.terminato) {  // Exit came while the worker ran
+        archivio_.reset();
+        return;
+    }
+    ricaricaForm3();
+    vista_->aggiorna(false);
+}
+
+void Applicazione::ricaricaForm3() {
+    if (!form3_ || !form3_->caricato) return;
+    EseguiEvento(ui_, [this] {
+        form3_->Data1.Refresh();
+        form3_->attiva();
+    });
+    vista3_->aggiorna();
 }
 
 void Applicazione::collegaFinestre() {

@@ -174,6 +174,7 @@ void Form1View::creaMenu() {
     menu("Statistiche", "&Statistiche",
          {{"ColonneVincenti", "&Archivio estrazioni precedenti", [this] { m_.menuColonneVincenti(); }},
           {"AggiornaEstrazioni", "Aggiorna &Estrazioni", [this] { m_.menuAggiornaEstrazioni(); }},
+          {"ImportaArchivio", "&Importa archivio storico...", [this] { m_.menuImportaArchivio(); }},
           {"Vincite", "Statistiche sulle &vincite", [this] { m_.menuVincite(); }}});
     menu("Aiuto", "&Aiuto",
          {{"sommario", "&Sommario", [this] { m_.menusommario(); }},
@@ -445,6 +446,7 @@ void Form1View::aggiorna(bool lista) {
     abilita("SviluppoRidotto", bool(m_.mostraForm19));
     abilita("ColonneVincenti", bool(m_.mostraForm3));
     abilita("AggiornaEstrazioni", bool(m_.AggiornaEstrazioni));
+    abilita("ImportaArchivio", bool(m_.ImportaArchivio));
     abilita("Vincite", bool(m_.mostraForm16));
     abilita("AiutoInformazioni", bool(m_.mostraAbout));
 

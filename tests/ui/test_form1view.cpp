@@ -40,7 +40,7 @@ namespace {
 QString Q(const char* s) { return QString::fromUtf8(s); }
 
 struct Programma {
-    Applicazione app{Applicazione::Opzioni{false, 0, false}};
+    Applicazione app{Applicazione::Opzioni{false, 0, false, {}}};
     std::vector<BoxQt> box;
     std::vector<Risposta> risposte;
 
