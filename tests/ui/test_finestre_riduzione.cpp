@@ -49,7 +49,7 @@ using prova::Clic;
 namespace {
 
 struct Programma {
-    Applicazione app{Applicazione::Opzioni{false, 0, false}};
+    Applicazione app{Applicazione::Opzioni{false, 0, false, {}}};
     std::vector<BoxQt> box;
 
     Programma() {
