@@ -1,5 +1,7 @@
 // zefiranto-cli as a script would run it: output lines and exit status.
 
+#include "support/esegui_cli.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -7,27 +9,8 @@
 #include <string>
 #include <sys/wait.h>
 
-namespace {
-
-struct Esito {
-    int stato = -1;
-    std::string uscita;  // stdout and stderr together
-};
-
-Esito Esegui(const std::string& argomenti) {
-    std::string comando = std::string(ZEF_DATI_BIN) + "/zefiranto-cli " + argomenti + " 2>&1";
-    Esito e;
-    FILE* p = popen(comando.c_str(), "r");
-    if (!p) return e;
-    std::array<char, 4096> buf;
-    size_t letti;
-    while ((letti = fread(buf.data(), 1, buf.size(), p)) > 0) e.uscita.append(buf.data(), letti);
-    int st = pclose(p);
-    e.stato = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
-    return e;
-}
-
-}  // namespace
+using zef::prova::Esegui;
+using zef::prova::Esito;
 
 TEST(CliSviluppa, ContaEStampaLeColonne) {
     Esito e = Esegui("sviluppa --pronostico 5,10,15,20 --k 3 --colonne");

@@ -1,6 +1,8 @@
 // zefiranto-cli lista and info on saved systems: the program's own, one typed by
 // hand as the old platform wrote it, and bad ones.
 
+#include "support/esegui_cli.h"
+
 #include <gtest/gtest.h>
 
 #include <sys/wait.h>
@@ -12,25 +14,10 @@
 #include <fstream>
 #include <string>
 
+using zef::prova::Esegui;
+using zef::prova::Esito;
+
 namespace {
-
-struct Esito {
-    int stato = -1;
-    std::string uscita;  // stdout and stderr together
-};
-
-Esito Esegui(const std::string& argomenti) {
-    std::string comando = std::string(ZEF_DATI_BIN) + "/zefiranto-cli " + argomenti + " 2>&1";
-    Esito e;
-    FILE* p = popen(comando.c_str(), "r");
-    if (!p) return e;
-    std::array<char, 4096> buf;
-    size_t letti;
-    while ((letti = fread(buf.data(), 1, buf.size(), p)) > 0) e.uscita.append(buf.data(), letti);
-    int st = pclose(p);
-    e.stato = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
-    return e;
-}
 
 struct Cartella {
     std::filesystem::path p = std::filesystem::temp_directory_path() / ("zef_cli_file_" + std::to_string(::getpid()));

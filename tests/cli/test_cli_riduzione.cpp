@@ -7,31 +7,18 @@
 
 #include <gtest/gtest.h>
 
+#include "support/esegui_cli.h"
+
 #include <array>
 #include <cstdio>
 #include <filesystem>
 #include <string>
 #include <sys/wait.h>
 
+using zef::prova::Esegui;
+using zef::prova::Esito;
+
 namespace {
-
-struct Esito {
-    int stato = -1;
-    std::string uscita;
-};
-
-Esito Esegui(const std::string& argomenti) {
-    std::string comando = std::string(ZEF_DATI_BIN) + "/zefiranto-cli " + argomenti + " 2>&1";
-    Esito e;
-    FILE* p = popen(comando.c_str(), "r");
-    if (!p) return e;
-    std::array<char, 4096> buf;
-    size_t letti;
-    while ((letti = fread(buf.data(), 1, buf.size(), p)) > 0) e.uscita.append(buf.data(), letti);
-    int st = pclose(p);
-    e.stato = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
-    return e;
-}
 
 // Reduced count of the integral development of 1..n in k, computed in process.
 long Ridotte(int n, int k, int g, bool accurato) {
