@@ -84,6 +84,7 @@ public:
     std::function<void()> caricaForm5;
     std::function<void(int opzione)> mostraForm5;
     std::function<void()> mostraForm19;     // Sviluppo ridotto
+    std::function<void()> VerificaGaranzia; // is the list's guarantee real
     std::function<void()> mostraForm9;      // Informazioni
     std::function<void()> mostraForm10;     // print
     std::function<void()> PronosticoStatistico;  // loads Form13, Form14 modal, unloads Form13
@@ -137,6 +138,7 @@ public:
     void menuInformazioni();
     void menuGaranzia(int livello);      // 5, 4, 3, 2
     void menuSviluppoRidotto();
+    void menuVerificaGaranzia() { chiama(VerificaGaranzia); }
     void menuColonneVincenti() { chiama(mostraForm3); }
     void menuAggiornaEstrazioni() { chiama(AggiornaEstrazioni); }
     void menuImportaArchivio() { chiama(ImportaArchivio); }

@@ -1,5 +1,7 @@
 #include "ui/finestre_riduzione.h"
 
+#include "reduction/verifica.h"
+
 #include "core/errori.h"
 #include "core/form1.h"
 #include "core/form4.h"
@@ -33,6 +35,9 @@ void FinestreRiduzione::collega(Form1& f1) {
     f1.mostraForm5 = [this](int opzione) { apriForm5(opzione); };
     f1.mostraForm19 = [this] { apriForm19(); };
     f1.mostraForm9 = [this] { apriForm9(); };
+    f1.VerificaGaranzia = [this] {
+        vista::EseguiInThread([this] { EseguiEvento(ui_, [this] { MenuVerificaGaranzia(s_, ui_); }); });
+    };
     f1.VisualizzaPercentuali = [this] { visualizzaPercentuali(); };
     f1.caricaForm8 = [this] { caricaForm8(); };
     f1.scaricaForm8 = [this] { scaricaForm8(); };

@@ -170,7 +170,8 @@ void Form1View::creaMenu() {
           {"Garanzia3", "Garanzia &terno", [this] { m_.menuGaranzia(3); }},
           {"Garanzia2", "Garanzia &ambo", [this] { m_.menuGaranzia(2); }},
           {nullptr, nullptr, {}},
-          {"SviluppoRidotto", "&Sviluppo ridotto", [this] { m_.menuSviluppoRidotto(); }}});
+          {"SviluppoRidotto", "&Sviluppo ridotto", [this] { m_.menuSviluppoRidotto(); }},
+          {"VerificaGaranzia", "&Verifica garanzia...", [this] { m_.menuVerificaGaranzia(); }}});
     menu("Statistiche", "&Statistiche",
          {{"ColonneVincenti", "&Archivio estrazioni precedenti", [this] { m_.menuColonneVincenti(); }},
           {"AggiornaEstrazioni", "Aggiorna &Estrazioni", [this] { m_.menuAggiornaEstrazioni(); }},
@@ -444,6 +445,7 @@ void Form1View::aggiorna(bool lista) {
     abilita("Informazioni", bool(m_.mostraForm9));
     for (const char* g : {"Garanzia5", "Garanzia4", "Garanzia3", "Garanzia2"}) abilita(g, bool(m_.mostraForm5));
     abilita("SviluppoRidotto", bool(m_.mostraForm19));
+    abilita("VerificaGaranzia", bool(m_.VerificaGaranzia));
     abilita("ColonneVincenti", bool(m_.mostraForm3));
     abilita("AggiornaEstrazioni", bool(m_.AggiornaEstrazioni));
     abilita("ImportaArchivio", bool(m_.ImportaArchivio));

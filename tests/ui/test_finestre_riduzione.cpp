@@ -12,6 +12,7 @@
 #include "reduction/form5.h"
 #include "reduction/form9.h"
 #include "reduction/percentuali.h"
+#include "reduction/verifica.h"
 #include "support/prova_sistema.h"
 #include "ui/applicazione.h"
 #include "ui/form19view.h"
@@ -532,4 +533,35 @@ TEST(FinestreRiduzione, Schermate) {
         EXPECT_EQ(v.RidCond()->text(), "1: 17");  // 70 / 4 rows, cut down
         verifica(&v, "form9");
     }
+}
+
+// "Verifica garanzia" asks for the guarantee and says whether the list keeps it:
+// the integral list of terzine keeps every ambo, a list cut by hand does not.
+TEST(FinestreRiduzione, VerificaGaranziaDalMenu) {
+    Programma p;
+    p.sviluppa({4, 9, 16, 25, 36}, 1);
+    ASSERT_EQ(p.s().NumColonne, 10);
+    p.w().pulsante("Command7")->click();
+    ASSERT_EQ(p.s().MSFlexGrid1.Rows(), 10);
+    QAction* voce = p.w().findChild<QAction*>("VerificaGaranzia");
+    ASSERT_NE(voce, nullptr);
+    ASSERT_TRUE(voce->isEnabled());
+    p.app.interfaccia().rispostaInput = [](const std::string&) { return std::optional<std::string>("2"); };
+    p.box.clear();
+    voce->trigger();
+    ASSERT_FALSE(p.box.empty());
+    EXPECT_EQ(p.box.back().titolo, TitoloVerifica);
+    const std::string tenuta = p.box.back().testo;
+    // the ambo 4-9 lives only in the first three rows: drop them
+    for (int i = 0; i < 3; ++i) {
+        p.s().MSFlexGrid1.Row = p.s().MSFlexGrid1.RowSel = 0;
+        EliminaSelezionate(p.s());
+    }
+    p.box.clear();
+    voce->trigger();
+    ASSERT_FALSE(p.box.empty());
+    EXPECT_EQ(p.box.back().titolo, TitoloVerifica);
+    EXPECT_NE(p.box.back().testo, tenuta);
+    EXPECT_NE(p.box.back().testo.find("1 su le 10 combinazioni"), std::string::npos) << p.box.back().testo;
+    EXPECT_NE(p.box.back().testo.find("\n4 9"), std::string::npos) << p.box.back().testo;
 }
