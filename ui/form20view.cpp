@@ -22,7 +22,7 @@ using vista::Q;
 using vista::S;
 
 Form20View::Form20View(Form20& modello, Interfaccia& ui, vista::EseguiInLavoro esegui, QWidget* parent)
-    : QDialog(parent), m_(modello), ui_(ui), esegui_(std::move(esegui)) {
+    : DialogoConLavoro(ui, std::move(esegui), parent), m_(modello) {
     setWindowTitle(Form20::Titolo);
     setFont(vista::CarattereFinestra(10));
     setModal(true);
@@ -96,16 +96,8 @@ void Form20View::showEvent(QShowEvent* e) {
     QDialog::showEvent(e);
 }
 
-void Form20View::closeEvent(QCloseEvent* e) {
-    if (inLavoro_) {  // the development owns the dialog until it ends
-        e->ignore();
-        return;
-    }
-    QDialog::closeEvent(e);
-}
-
 void Form20View::reject() {
-    if (inLavoro_) return;
+    if (inLavoro()) return;
     // Closing the window unloads it: the next opening starts from TERZINE again.
     m_.scarica();
     QDialog::reject();
@@ -115,14 +107,7 @@ void Form20View::chiudiSeScaricato() {
     if (!m_.visibile && isVisible()) done(m_.caricato ? QDialog::Rejected : QDialog::Accepted);
 }
 
-bool Form20View::eventFilter(QObject* oggetto, QEvent* evento) {
-    // The progress window comes up once the dialog has been unloaded: the worker is
-    // waiting on that call, so the model can be read here; the dialog steps aside.
-    if (evento->type() == QEvent::Show && oggetto != this && qobject_cast<QDialog*>(oggetto) &&
-        !m_.caricato && isVisible())
-        hide();
-    return QDialog::eventFilter(oggetto, evento);
-}
+bool Form20View::scaricato() const { return !m_.caricato; }
 
 void Form20View::abilitaComandi(bool abilitati) {
     const std::initializer_list<QWidget*> comandi = {combo1_, text1_, command1_, command2_, command3_, command4_};
@@ -130,21 +115,7 @@ void Form20View::abilitaComandi(bool abilitati) {
 }
 
 void Form20View::avvia() {
-    if (inLavoro_) return;
-    inLavoro_ = true;
-    // The worker reads the model: nothing in the dialog may change it meanwhile.
-    abilitaComandi(false);
-    qApp->installEventFilter(this);
-    auto lavoro = [this] { EseguiEvento(ui_, [this] { m_.clickCommand1(); }); };
-    try {
-        if (esegui_) esegui_(lavoro);
-        else vista::EseguiInThread(lavoro);
-    } catch (const std::exception& e) {
-        ui_.messaggio(std::string("Errore: ") + e.what(), "", Icona::Critico);
-    }
-    qApp->removeEventFilter(this);
-    abilitaComandi(true);
-    inLavoro_ = false;
+    if (!eseguiLavoro([this] { EseguiEvento(ui_, [this] { m_.clickCommand1(); }); })) return;
     // Unloaded by a started development: the dialog is done. Refused: it stays open.
     if (!m_.caricato) done(QDialog::Accepted);
     else aggiorna();

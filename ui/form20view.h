@@ -2,9 +2,7 @@
 #pragma once
 
 #include "core/interfaccia.h"
-#include "ui/vista_comune.h"
-
-#include <QDialog>
+#include "ui/dialogo_lavoro.h"
 
 class QComboBox;
 class QLineEdit;
@@ -16,7 +14,7 @@ class Form20;
 
 namespace zef::ui {
 
-class Form20View : public QDialog {
+class Form20View : public DialogoConLavoro {
     Q_OBJECT
 public:
     // `esegui` runs a job off the interface thread and waits for it (empty: a
@@ -39,18 +37,14 @@ public:
 
 protected:
     void showEvent(QShowEvent* e) override;
-    void closeEvent(QCloseEvent* e) override;
-    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+    bool scaricato() const override;
+    void abilitaComandi(bool abilitati) override;
 
 private:
     void avvia();
-    void abilitaComandi(bool abilitati);
     void chiudiSeScaricato();
 
     Form20& m_;
-    Interfaccia& ui_;
-    vista::EseguiInLavoro esegui_;
-    bool inLavoro_ = false;
     QComboBox* combo1_;
     QLineEdit* text1_;
     QPushButton* command1_;

@@ -17,7 +17,7 @@
 namespace zef::ui {
 
 Form5View::Form5View(Form5& modello, Sistema& s, Interfaccia& ui, vista::EseguiInLavoro esegui, QWidget* parent)
-    : QDialog(parent), m_(modello), s_(s), ui_(ui), esegui_(std::move(esegui)) {
+    : DialogoConLavoro(ui, std::move(esegui), parent), m_(modello), s_(s) {
     setObjectName("Form5");
     setWindowTitle(Form5::Caption);
     setFont(vista::CarattereFinestra(10));
@@ -63,7 +63,7 @@ Form5View::Form5View(Form5& modello, Sistema& s, Interfaccia& ui, vista::EseguiI
     command1_->setDefault(true);
     connect(command1_, &QPushButton::clicked, this, &Form5View::avvia);
     connect(command2_, &QPushButton::clicked, this, [this] {
-        if (inLavoro_) return;
+        if (inLavoro()) return;
         m_.clickCommand2();
         QDialog::reject();  // hidden only: loaded, with its choices
     });
@@ -106,28 +106,13 @@ void Form5View::showEvent(QShowEvent* e) {
     QDialog::showEvent(e);
 }
 
-void Form5View::closeEvent(QCloseEvent* e) {
-    if (inLavoro_) {  // the reduction owns the dialog until it ends
-        e->ignore();
-        return;
-    }
-    QDialog::closeEvent(e);
-}
-
 void Form5View::reject() {
-    if (inLavoro_) return;
+    if (inLavoro()) return;
     s_.form5.scarica();
     QDialog::reject();
 }
 
-bool Form5View::eventFilter(QObject* oggetto, QEvent* evento) {
-    // The progress window comes up once AVVIA has unloaded the dialog: the worker
-    // waits on that call, so the options can be read here; the dialog steps aside.
-    if (evento->type() == QEvent::Show && oggetto != this && qobject_cast<QDialog*>(oggetto) &&
-        !s_.form5.caricato && isVisible())
-        hide();
-    return QDialog::eventFilter(oggetto, evento);
-}
+bool Form5View::scaricato() const { return !s_.form5.caricato; }
 
 void Form5View::abilitaComandi(bool abilitati) {
     for (QWidget* w : {static_cast<QWidget*>(check1_), static_cast<QWidget*>(check2_),
@@ -137,22 +122,9 @@ void Form5View::abilitaComandi(bool abilitati) {
 }
 
 void Form5View::avvia() {
-    if (inLavoro_) return;
-    inLavoro_ = true;
-    // The worker reads the options: nothing in the dialog may change them meanwhile.
-    abilitaComandi(false);
-    qApp->installEventFilter(this);
     bool ridotto = false;
-    auto lavoro = [this, &ridotto] { EseguiEvento(ui_, [this, &ridotto] { ridotto = m_.clickCommand1(); }); };
-    try {
-        if (esegui_) esegui_(lavoro);
-        else vista::EseguiInThread(lavoro);
-    } catch (const std::exception& e) {
-        ui_.messaggio(std::string("Errore: ") + e.what(), "", Icona::Critico);
-    }
-    qApp->removeEventFilter(this);
-    abilitaComandi(true);
-    inLavoro_ = false;
+    if (!eseguiLavoro([this, &ridotto] { EseguiEvento(ui_, [this, &ridotto] { ridotto = m_.clickCommand1(); }); }))
+        return;
     // Started (the dialog unloaded itself), or refused: then it stays with its options.
     if (ridotto || !s_.form5.caricato) done(QDialog::Accepted);
     else aggiorna();

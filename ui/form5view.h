@@ -3,9 +3,7 @@
 #pragma once
 
 #include "core/interfaccia.h"
-#include "ui/vista_comune.h"
-
-#include <QDialog>
+#include "ui/dialogo_lavoro.h"
 
 #include <array>
 #include <functional>
@@ -21,7 +19,7 @@ struct Sistema;
 
 namespace zef::ui {
 
-class Form5View : public QDialog {
+class Form5View : public DialogoConLavoro {
     Q_OBJECT
 public:
     // `esegui` runs AVVIA off the interface thread and waits for it (empty: a
@@ -42,19 +40,15 @@ public:
 
 protected:
     void showEvent(QShowEvent* e) override;
-    void closeEvent(QCloseEvent* e) override;
-    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+    bool scaricato() const override;
+    void abilitaComandi(bool abilitati) override;
 
 private:
     void evento(const std::function<void()>& gestore);
     void avvia();
-    void abilitaComandi(bool abilitati);
 
     Form5& m_;
     Sistema& s_;
-    Interfaccia& ui_;
-    vista::EseguiInLavoro esegui_;
-    bool inLavoro_ = false;
     std::array<QRadioButton*, 4> option_{};
     QCheckBox* check1_;
     QCheckBox* check2_;
