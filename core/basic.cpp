@@ -86,6 +86,22 @@ static std::string conSeparatore(std::string s) {
     return s;
 }
 
+std::string StrDouble(double v) {
+    if (v == 0) return " 0";
+    char buf[64];
+    std::snprintf(buf, sizeof buf, "%.15G", v);
+    std::string t = buf;
+    for (char& c : t)
+        if (c == ',') c = '.';
+    std::string segno = " ";
+    if (t[0] == '-') {
+        segno = "-";
+        t.erase(0, 1);
+    }
+    if (t.size() > 1 && t[0] == '0' && t[1] == '.') t.erase(0, 1);  // ".5", as the run time writes it
+    return segno + t;
+}
+
 std::string DoubleInTesto(double v) {
     if (v == 0) return "0";
     char buf[64];

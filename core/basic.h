@@ -21,6 +21,9 @@ namespace zef {
 std::string TestoConSegno(long long n);
 // "7" / "-7".
 std::string TestoSemplice(long long n);
+// A double as Str writes it: a blank or "-" in front, the point as decimal mark,
+// no zero before it (" .5", " 33.3333333333333"), 15 significant digits.
+std::string StrDouble(double v);
 // Trims leading and trailing blanks.
 std::string Trim(std::string_view s);
 // Leading number of the text ('.' as decimal point, blanks skipped); 0 if none.

@@ -19,8 +19,6 @@ namespace zef {
 
 struct Sistema;
 
-// Str() of a double: blank for the sign, '.' as decimal point, no leading zero.
-std::string StrDouble(double v);
 
 class Form8 {
 public:

@@ -45,6 +45,14 @@ TEST(TestoNumeri, NumeroDaTestoSegueLaLocale) {
     }
 }
 
+TEST(TestoNumeri, FormaDiStr) {
+    EXPECT_EQ(StrDouble(33.333333333333336), " 33.3333333333333");
+    EXPECT_EQ(StrDouble(100), " 100");
+    EXPECT_EQ(StrDouble(0), " 0");
+    EXPECT_EQ(StrDouble(0.5), " .5");
+    EXPECT_EQ(StrDouble(12.5), " 12.5");
+}
+
 TEST(Interi, OverflowDelleAmpiezze) {
     EXPECT_EQ(InInteger(32767), 32767);
     EXPECT_EQ(InInteger(-32768), -32768);

@@ -115,14 +115,6 @@ void Lista(Sistema& s, const std::vector<int>& numeri, int k, double quota, unsi
 
 }  // namespace
 
-TEST(Percentuali, StrDouble) {
-    EXPECT_EQ(StrDouble(33.333333333333336), " 33.3333333333333");
-    EXPECT_EQ(StrDouble(100), " 100");
-    EXPECT_EQ(StrDouble(0), " 0");
-    EXPECT_EQ(StrDouble(0.5), " .5");
-    EXPECT_EQ(StrDouble(12.5), " 12.5");
-}
-
 TEST(Percentuali, ComeIlConteggioSemplice) {
     std::mt19937 rng(41);
     for (int prova = 0; prova < 60; ++prova) {
