@@ -19,7 +19,6 @@ namespace zef {
 
 struct Sistema;
 
-
 class Form8 {
 public:
     static constexpr const char* Titolo = "RESA DEL SISTEMA";
