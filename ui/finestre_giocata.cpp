@@ -1,5 +1,6 @@
 #include "ui/finestre_giocata.h"
 
+#include "conditions/form28.h"
 #include "core/form2.h"
 #include "core/form20.h"
 #include "core/giocate.h"
@@ -8,6 +9,7 @@
 #include "ui/form17view.h"
 #include "ui/form18menu.h"
 #include "ui/form20view.h"
+#include "ui/form28view.h"
 #include "ui/form2view.h"
 
 namespace zef::ui {
@@ -25,9 +27,30 @@ FinestreGiocata::FinestreGiocata(Sistema& s, Interfaccia& ui, QWidget* padre, vi
     }, padre);
     menu18_->mostraForm17 = [this] { form17(); };
     form20_->mostraForm12 = [this] { vista12_->exec(); };
+    form20_->mostraForm28 = [this] { apriForm28(); };
 }
 
-FinestreGiocata::~FinestreGiocata() = default;
+FinestreGiocata::~FinestreGiocata() {
+    // The view lets go of the model's hook before the model goes.
+    vista28_.reset();
+    form28_.reset();
+}
+
+Form28& FinestreGiocata::form28() {
+    if (!form28_) form28_ = std::make_unique<Form28>(s_, ui_);
+    return *form28_;
+}
+
+Form28View& FinestreGiocata::vista28() {
+    if (!vista28_) vista28_ = std::make_unique<Form28View>(form28(), ui_, vista20_.get());
+    return *vista28_;
+}
+
+void FinestreGiocata::apriForm28() {
+    Form28View& v = vista28();
+    form28_->archivio = fonteArchivio ? fonteArchivio() : nullptr;
+    v.exec();
+}
 
 void FinestreGiocata::apriForm2() {
     vista2_->exec();

@@ -3,6 +3,7 @@
 // hooks to these methods (mostraForm2 -> apriForm2, mostraForm20 -> apriForm20...).
 #pragma once
 
+#include "conditions/fonte_estrazioni.h"
 #include "core/interfaccia.h"
 #include "ui/vista_comune.h"
 
@@ -17,6 +18,7 @@ namespace zef {
 class Form2;
 class Form12;
 class Form20;
+class Form28;
 struct Sistema;
 }  // namespace zef
 
@@ -25,6 +27,7 @@ namespace zef::ui {
 class Form2View;
 class Form12View;
 class Form20View;
+class Form28View;
 class Form18Menu;
 
 class FinestreGiocata {
@@ -35,15 +38,21 @@ public:
 
     // Run after a dialog changed what the main window shows (list, panels, Command2).
     std::function<void()> dopoModifica;
+    // The draws for the archive-based conditions, asked each time the conditions open.
+    std::function<FonteEstrazioni*()> fonteArchivio;
 
     Form2& form2() { return *form2_; }
     Form20& form20() { return *form20_; }  // mostraForm28 is wired here by the application
     Form12& form12() { return *form12_; }
+    // The conditions dialog, built when first needed: from then on its filter stays on the sistema.
+    Form28& form28();
+    Form28View& vista28();
 
     void apriForm2();                    // Command2, modal
     void apriForm20();                   // Command3, modal; AVVIA develops off this thread
     void apriForm17();                   // Command9 and the popup's Aggiungi, modal
     void apriForm18(const QPoint& dove); // right button on the list
+    void apriForm28();                   // "Imposta le condizioni" of Form20, modal
     void scaricaForm2();
     void scaricaForm12();
 
@@ -56,9 +65,11 @@ private:
     std::unique_ptr<Form2> form2_;
     std::unique_ptr<Form20> form20_;
     std::unique_ptr<Form12> form12_;
+    std::unique_ptr<Form28> form28_;
     std::unique_ptr<Form2View> vista2_;
     std::unique_ptr<Form20View> vista20_;
     std::unique_ptr<Form12View> vista12_;
+    std::unique_ptr<Form28View> vista28_;
     std::unique_ptr<Form18Menu> menu18_;
 };
 
