@@ -57,6 +57,9 @@ struct NelMagazzino {
         std::memcpy(dest, num, 16);
         dest += k;
     }
+    // Room for `quante` columns written in a row, then the count written.
+    uint8_t* spazio(size_t) { return dest; }
+    void scritte(size_t quante) { dest += quante * static_cast<size_t>(k); }
 };
 struct Buffer {
     std::vector<uint8_t> byte;  // its size only grows: a reused buffer spares page faults
@@ -70,6 +73,12 @@ struct NelBuffer {
         std::memcpy(out->byte.data() + out->usati, num, 16);
         out->usati += static_cast<size_t>(k);
     }
+    uint8_t* spazio(size_t quante) {
+        const size_t serve = out->usati + quante * static_cast<size_t>(k) + 16;
+        if (serve > out->byte.size()) out->byte.resize(std::max<size_t>(out->byte.size() * 2, std::max<size_t>(serve, 1 << 16)));
+        return out->byte.data() + out->usati;
+    }
+    void scritte(size_t quante) { out->usati += quante * static_cast<size_t>(k); }
 };
 
 // Every candidate passes: writes the first `quante` columns of the round straight
@@ -182,6 +191,23 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
         const bool deciso = filtro ? filtro->ultimoLivello(num, liv, k, n, ammessi) : true;
         if (!filtro) ammessi = Maschera::Intervallo(liv[k - 2] + 1, n);
         if (fermato(static_cast<uint32_t>(n - liv[k - 2]))) return false;
+        if (deciso) {
+            const auto quante = static_cast<uint64_t>(ammessi.conta());
+            if (!limite || e.accettate + quante < limite) {
+                // the whole level at once: no stop can fall inside it
+                uint8_t* d = scrivi.spazio(quante);
+                ammessi.perOgni([&](int q) {
+                    num[k - 1] = c.numero[q];
+                    std::memcpy(d, num, 16);
+                    d += k;
+                    return true;
+                });
+                scrivi.scritte(quante);
+                e.accettate += quante;
+                e.esaminate += static_cast<uint64_t>(n - liv[k - 2]);
+                return true;
+            }
+        }
         int contati = liv[k - 2];  // places counted so far
         const bool avanti = ammessi.perOgni([&](int q) {
             liv[k - 1] = q;
