@@ -91,37 +91,43 @@ void ScriviTutte(const Contesto& c, const Turno& t, uint8_t* dest, uint64_t quan
     alignas(16) uint8_t buf[16] = {};
     buf[0] = c.numero[t.i1];
     buf[1] = c.numero[t.i2];
-    auto scrivi = [&] {
-        if (quante * k < 16) std::memcpy(dest, buf, k);  // near the end: no spill past it
-        else std::memcpy(dest, buf, 16);
-        dest += k;
-        return --quante != 0;
+    // The last level from place `da`: the prefix goes from a register, then the last
+    // number over it, so that no load waits on the byte just stored. False when done.
+    auto ultimo = [&](int da) {
+        uint8_t modello[16];
+        std::memcpy(modello, buf, 16);
+        for (int j = da; j <= n; ++j) {
+            if (quante * k < 16) {  // near the end: no spill past it
+                modello[k - 1] = c.numero[j];
+                std::memcpy(dest, modello, k);
+            } else {
+                std::memcpy(dest, modello, 16);
+                dest[k - 1] = c.numero[j];
+            }
+            dest += k;
+            if (--quante == 0) return false;
+        }
+        return true;
     };
     if (k == 2) {
-        scrivi();
+        std::memcpy(dest, buf, 2);
         return;
     }
+    if (k == 3) {
+        ultimo(t.i2 + 1);
+        return;
+    }
+    // positions 2..k-2 form the prefix; position k-1 runs in the last level
     int liv[KMax + 1];
     liv[1] = t.i2;
-    // positions 2..k-2 form the prefix; position k-1 runs in the inner loop
     int p = 2;
     liv[2] = liv[1];
-    if (k == 3) {
-        for (int j = t.i2 + 1; j <= n; ++j) {
-            buf[2] = c.numero[j];
-            if (!scrivi()) return;
-        }
-        return;
-    }
     while (p >= 2) {
         if (liv[p] < n - k + p + 1) {
             ++liv[p];
             buf[p] = c.numero[liv[p]];
             if (p == k - 2) {
-                for (int j = liv[p] + 1; j <= n; ++j) {
-                    buf[k - 1] = c.numero[j];
-                    if (!scrivi()) return;
-                }
+                if (!ultimo(liv[p] + 1)) return;
             } else {
                 ++p;
                 liv[p] = liv[p - 1];
@@ -196,9 +202,13 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
             if (!limite || e.accettate + quante < limite) {
                 // the whole level at once: no stop can fall inside it
                 uint8_t* d = scrivi.spazio(quante);
+                // the prefix goes from a register, then the last number over it: no
+                // load waits on the byte just stored
+                uint8_t modello[16];
+                std::memcpy(modello, num, 16);
                 ammessi.perOgni([&](int q) {
-                    num[k - 1] = c.numero[q];
-                    std::memcpy(d, num, 16);
+                    std::memcpy(d, modello, 16);
+                    d[k - 1] = c.numero[q];
                     d += k;
                     return true;
                 });
