@@ -518,44 +518,53 @@ bool FiltroCondizioni::accetta(const uint8_t* N, const int* L, int k) const {
 // A prefix is judged only by tests whose verdict it already fixes. Tests from the
 // filter columns on judge it only when no candidate could run off the points table
 // first; nothing before the sequences can reach that test's failure.
-bool FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, int k) const {
+int FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, int k) const {
     const auto& c = c_;
     const int resto = k - len;
     const int ultimo = N[len - 1];
-    const int prossimo = L[len - 1] + 1;  // the place the next number comes from at least
+    const int posto = L[len - 1];
+    const int prossimo = posto + 1;  // the place the next number comes from at least
     const bool erroreFiltri = attiva(4) && k >= c.righePuntiFiltro && maxPuntiFiltro_ >= c.righePuntiFiltro;
+    // past the last place of this level: every following place is refused too
+    const int oltre = crescente_ ? n_ + 1 : prossimo;
 
     // the sum first: the most selective and the cheapest
     if (attiva(6) && !erroreFiltri && resto > 0 && prossimo + resto - 1 <= n_) {
         int somma = 0;
         for (int j = 0; j < len; ++j) somma += N[j];
+        const int alto = sommaPrima_[n_] - sommaPrima_[n_ - resto];  // the highest places
         const int minimo = somma + sommaPrima_[prossimo + resto - 1] - sommaPrima_[prossimo - 1];
-        const int massimo = somma + sommaPrima_[n_] - sommaPrima_[n_ - resto];
-        if (minimo > c.SommaGlobale[2] || massimo < c.SommaGlobale[1]) return true;
+        // the least sum grows with the place: the following places fail as well
+        if (minimo > c.SommaGlobale[2]) return oltre;
+        if (somma + alto < c.SommaGlobale[1]) {
+            // the most sum grows with this number: the first place that reaches the bound
+            const int serve = c.SommaGlobale[1] - (somma - ultimo) - alto;
+            return !crescente_ ? prossimo : serve > 90 ? oltre : std::max<int>(prossimo, primoDa_[serve]);
+        }
     }
 
     if (attiva(1)) {
-        if (fissoImpossibile_) return true;
+        if (fissoImpossibile_) return oltre;
         // a fixed number below the last one of the prefix can no longer come
         Maschera m = MascheraDi(N, len);
         for (int x = 1; x < ultimo; ++x)
-            if (fissi_.contiene(x) && !m.contiene(x)) return true;
+            if (fissi_.contiene(x) && !m.contiene(x)) return oltre;
     }
     if (attiva(11)) {
         for (int i = 1; i <= len; ++i)
-            if (posizioneControllata_[i] && !posizione_[i].contiene(N[i - 1])) return true;
+            if (posizioneControllata_[i] && !posizione_[i].contiene(N[i - 1])) return prossimo;
     }
     if (attiva(8)) {
         const int mn = c.DistanzaNumeri[1], mx = c.DistanzaNumeri[2];
         const bool segni = c.DistanzaNumeri[3] != 0;
         for (int i = 0; i < len - 1; ++i) {
             int d = segni ? L[i + 1] - L[i] : N[i + 1] - N[i];
-            if (d < mn || d > mx) return true;
+            if (d < mn || d > mx) return prossimo;
         }
         // the next pair is at least as far apart as the next place allows
         if (resto > 0 && prossimo <= n_) {
             int d = segni ? 1 : numero_[prossimo] - ultimo;
-            if (d > mx) return true;
+            if (d > mx) return prossimo;
         }
     }
     if (attiva(2)) {
@@ -565,11 +574,11 @@ bool FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, i
             if (N[i] == N[i - 1] + 1) {
                 ++cons;
             } else {
-                if (cons > mx) return true;
+                if (cons > mx) return prossimo;
                 if (c.Consecutivita[3] == 0) cons = 0;
             }
         }
-        if (cons > mx) return true;  // the run fails at its gap or at the end
+        if (cons > mx) return prossimo;  // the run fails at its gap or at the end
     }
     if (attiva(3)) {
         int corrente = 0, totale = 0, massimo = 0;
@@ -581,34 +590,22 @@ bool FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, i
                 if (++corrente > massimo) massimo = corrente;
             }
         }
-        if (massimo > c.Interruzioni[6]) return true;
+        if (massimo > c.Interruzioni[6]) return prossimo;
         bool qualcuno = false;
         for (int t = totale; t <= totale + resto && t <= 10; ++t)
             if (interruzioni_ >> t & 1) qualcuno = true;
-        if (!qualcuno) return true;
+        if (!qualcuno) return prossimo;
     }
-    if (erroreFiltri) return false;
+    if (erroreFiltri) return 0;
     if (attiva(13)) {
-        if (comuni(archivio_, MascheraDi(N, len)) > 0) return true;
+        if (comuni(archivio_, MascheraDi(N, len)) > 0) return prossimo;
     }
     if (attiva(5)) {
         for (const Sezione& s : sezioni_) {
             int presenze = 0;
             for (int j = 0; j < len; ++j)
                 if (N[j] >= s.da && N[j] <= s.a) ++presenze;
-            if (presenze > s.max) return true;
-        }
-    }
-    if (attiva(6)) {
-        int somma = 0;
-        for (int j = 0; j < len; ++j) somma += N[j];
-        if (resto > 0) {
-            if (prossimo + resto - 1 > n_) return false;  // no candidate below: nothing to judge
-            const int minimo = somma + sommaPrima_[prossimo + resto - 1] - sommaPrima_[prossimo - 1];
-            const int massimo = somma + sommaPrima_[n_] - sommaPrima_[n_ - resto];
-            if (minimo > c.SommaGlobale[2] || massimo < c.SommaGlobale[1]) return true;
-        } else if (somma < c.SommaGlobale[1] || somma > c.SommaGlobale[2]) {
-            return true;
+            if (presenze > s.max) return prossimo;
         }
     }
     if (attiva(7)) {
@@ -625,8 +622,8 @@ bool FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, i
             }
         }
         const int nDispari = len - nPari;
-        if (nPari > P[2] || nDispari > P[5] || nPari + resto < P[1] || nDispari + resto < P[4]) return true;
-        if (maxP > P[3] || maxD > P[6]) return true;
+        if (nPari > P[2] || nDispari > P[5] || nPari + resto < P[1] || nDispari + resto < P[4]) return prossimo;
+        if (maxP > P[3] || maxD > P[6]) return prossimo;
     }
     if (attiva(10)) {
         int totale = 0, corrente = 0, massimo = 0;
@@ -638,13 +635,13 @@ bool FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, i
                 corrente = 0;
             }
         }
-        if (massimo > c.InterruzioniPD[6]) return true;
+        if (massimo > c.InterruzioniPD[6]) return prossimo;
         bool qualcuno = false;
         for (int t = totale; t <= totale + resto && t <= 10; ++t)
             if (interruzioniPD_ >> t & 1) qualcuno = true;
-        if (!qualcuno) return true;
+        if (!qualcuno) return prossimo;
     }
-    return false;
+    return 0;
 }
 
 

@@ -25,12 +25,13 @@ public:
     // May raise ErroreEsecuzione where the tests run off a table.
     virtual bool accetta(const uint8_t* numeri, const int* livelli, int k) const = 0;
 
-    // True only when every candidate that starts with this prefix of `lunghezza`
-    // numbers would be refused, and refused before any error could arise: the
-    // generator then skips the subtree and counts it as examined.
-    virtual bool scartaPrefisso(const uint8_t* numeri, const int* livelli, int lunghezza, int k) const {
-        return false;
-    }
+    // Judges a prefix of `lunghezza` numbers, whose last sits at place P of the
+    // forecast. 0: its candidates may pass. Otherwise the first place Q > P from which
+    // the prefix's last number may pass again: every candidate that starts with the
+    // first `lunghezza` - 1 numbers and has its next number at a place in P..Q-1 is
+    // refused, and refused before any error could arise. The generator then skips
+    // those subtrees and counts them as examined.
+    virtual int scartaPrefisso(const uint8_t* numeri, const int* livelli, int lunghezza, int k) const { return 0; }
 
     // For a prefix of k - 1 numbers, the level of the last number: `ammessi` gets the
     // places of the forecast (after the prefix's last, up to `n`) whose candidates may

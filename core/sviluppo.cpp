@@ -255,8 +255,12 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
         if (liv[p] < n - k + p + 1) {
             ++liv[p];
             num[p] = c.numero[liv[p]];
-            if (filtro && filtro->scartaPrefisso(num, liv, p + 1, k)) {
-                e.esaminate += Binomiale(n - liv[p], k - p - 1);
+            int salta = filtro ? filtro->scartaPrefisso(num, liv, p + 1, k) : 0;
+            if (salta) {
+                // the subtrees of places liv[p]..salta-1 at this level, by the hockey stick
+                salta = std::min(salta, n - k + p + 2);
+                e.esaminate += Binomiale(n - liv[p] + 1, k - p) - Binomiale(n - salta + 1, k - p);
+                liv[p] = salta - 1;
             } else if (p == k - 2) {
                 if (!ultimoLivello()) return;
             } else {

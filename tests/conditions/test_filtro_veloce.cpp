@@ -123,7 +123,7 @@ Esito Sviluppa(const std::vector<int>& pronostico, int k, std::shared_ptr<Filtro
 
 TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
     std::mt19937 g(20261123);
-    int conErrore = 0, alLimite = 0, saltati = 0, conColonne = 0, tagliati = 0, decisi = 0;
+    int conErrore = 0, alLimite = 0, saltati = 0, conColonne = 0, tagliati = 0, decisi = 0, salti = 0;
     for (int caso = 0; caso < 400; ++caso) {
         auto u = [&](int a, int b) { return std::uniform_int_distribution<int>(a, b)(g); };
         // now and then a long forecast, whose places run past the first 64
@@ -186,12 +186,28 @@ TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
                     ASSERT_EQ(esitoA, 1) << nome << " ultimo " << liv[k - 1];
                 }
             }
-            // a skipped prefix covers only candidates the plain filter refuses without error
-            for (int len = 2; len < k; ++len)
-                if (f.scartaPrefisso(num, liv.data(), len, k)) {
+            // a skipped prefix covers only candidates the plain filter refuses without
+            // error, and so does the jump of an earlier place at the same level
+            for (int len = 2; len < k; ++len) {
+                const int salta = f.scartaPrefisso(num, liv.data(), len, k);
+                if (salta) {
                     ++saltati;
+                    ASSERT_GT(salta, liv[len - 1]) << nome;
                     ASSERT_EQ(esitoA, 0) << nome << " prefisso " << len;
                 }
+                uint8_t fratello[10];
+                std::vector<int> livFratello(liv.begin(), liv.begin() + len);
+                std::copy(num, num + len, fratello);
+                for (int q = liv[len - 2] + 1; q < liv[len - 1]; ++q) {
+                    livFratello[len - 1] = q;
+                    fratello[len - 1] = static_cast<uint8_t>(pronostico[q - 1]);
+                    if (f.scartaPrefisso(fratello, livFratello.data(), len, k) > liv[len - 1]) {
+                        ++salti;
+                        ASSERT_EQ(esitoA, 0) << nome << " salto da " << q << " al livello " << len;
+                        break;
+                    }
+                }
+            }
             int i = k - 1;
             while (i >= 0 && liv[i] == n - k + i + 1) --i;
             if (i < 0) break;
@@ -206,4 +222,5 @@ TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
     EXPECT_GT(conColonne, 100);
     EXPECT_GT(tagliati, 0);
     EXPECT_GT(decisi, 0);
+    EXPECT_GT(salti, 0);
 }
