@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>
@@ -176,4 +177,37 @@ TEST(CliArchivio, UnNulloNelleColonneDaUnErroreNonUnCrash) {
                      " --ruota 10");
     EXPECT_EQ(e.stato, 1);
     EXPECT_NE(e.uscita.find("Errore 94: Uso non valido di Null"), std::string::npos) << e.uscita;
+}
+
+TEST(CliArchivio, SenzaOpzioneLArchivioDelProgrammaSoloSeServe) {
+    // A copy of the program in a folder of its own, with the shipped draws beside it.
+    CartellaProva dir;
+    namespace fs = std::filesystem;
+    fs::copy_file(std::string(ZEF_DATI_BIN) + "/zefiranto-cli", dir / "zefiranto-cli");
+    fs::copy_file(std::string(ZEF_DATI_BIN) + "/storico.txt.gz", dir / "storico.txt.gz");
+    auto esegui = [&](const std::string& argomenti) {
+        Esito e;
+        FILE* p = popen((dir / "zefiranto-cli" + " " + argomenti + " 2>&1").c_str(), "r");
+        char buf[4096];
+        size_t letti;
+        while ((letti = fread(buf, 1, sizeof buf, p)) > 0) e.uscita.append(buf, letti);
+        int st = pclose(p);
+        e.stato = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
+        return e;
+    };
+    // Conditions that do not read the draws leave the archive alone.
+    Scrivi(dir / "somma.json", R"({"chkAttivo": [0,0,0,0,0,0,0,0,0,0,0,0,0,1,0], "txtSomma": ["10", "40"]})");
+    Esito e = esegui("sviluppa -p 1-20 -k 3 -c " + (dir / "somma.json"));
+    ASSERT_EQ(e.stato, 0) << e.uscita;
+    EXPECT_FALSE(fs::exists(dir / "archivio.db"));
+    // Points on the archive open it, made from the shipped draws, and read it as
+    // --archivio naming the same file does.
+    Scrivi(dir / "cond.json", CondizioneArchivio);
+    const std::string base = "sviluppa -p 1-30 -k 3 --colonne --ruota 4 -c " + (dir / "cond.json");
+    e = esegui(base);
+    ASSERT_EQ(e.stato, 0) << e.uscita;
+    ASSERT_TRUE(fs::exists(dir / "archivio.db"));
+    Esito nominato = esegui(base + " --archivio " + (dir / "archivio.db"));
+    EXPECT_EQ(e.uscita, nominato.uscita);
+    EXPECT_NE(e.uscita.rfind("CONDIZIONATE: 4060", 0), 0u);  // the condition took some columns
 }
