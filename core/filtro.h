@@ -4,6 +4,8 @@
 // installed every candidate is accepted. The conditions subsystem installs its own.
 #pragma once
 
+#include "core/colonne.h"
+
 #include <cstdint>
 #include <memory>
 
@@ -30,11 +32,16 @@ public:
         return false;
     }
 
-    // For a prefix of k - 1 numbers: narrows [da, a], the places of the forecast the
-    // last number may come from (on entry the whole range), to those whose candidates
-    // might pass. Candidates from the places cut off are all refused before any error
-    // could arise: the generator may count them as examined without asking.
-    virtual void intervalloUltimo(const uint8_t* numeri, const int* livelli, int k, int& da, int& a) const {}
+    // For a prefix of k - 1 numbers, the level of the last number: `ammessi` gets the
+    // places of the forecast (after the prefix's last, up to `n`) whose candidates may
+    // pass; every candidate left out is refused before any error could arise, so the
+    // generator counts it as examined without asking. Returns true when every
+    // candidate in `ammessi` passes for sure: the generator stores them without asking
+    // `accetta` either.
+    virtual bool ultimoLivello(const uint8_t* numeri, const int* livelli, int k, int n, Maschera& ammessi) const {
+        ammessi = Maschera::Intervallo(livelli[k - 2] + 1, n);
+        return false;
+    }
 
     // A copy for another thread of the same pass (state that the test mutates is per copy).
     virtual std::unique_ptr<FiltroColonna> clona() const = 0;

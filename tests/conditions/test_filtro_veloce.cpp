@@ -123,11 +123,13 @@ Esito Sviluppa(const std::vector<int>& pronostico, int k, std::shared_ptr<Filtro
 
 TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
     std::mt19937 g(20261123);
-    int conErrore = 0, alLimite = 0, saltati = 0, conColonne = 0, tagliati = 0;
+    int conErrore = 0, alLimite = 0, saltati = 0, conColonne = 0, tagliati = 0, decisi = 0;
     for (int caso = 0; caso < 400; ++caso) {
         auto u = [&](int a, int b) { return std::uniform_int_distribution<int>(a, b)(g); };
-        const int k = u(2, 7);
-        const int n = u(k, 16);
+        // now and then a long forecast, whose places run past the first 64
+        const bool lungo = caso % 10 == 0;
+        const int k = lungo ? u(2, 3) : u(2, 7);
+        const int n = lungo ? u(60, 90) : u(k, 16);
         std::vector<int> tutti(90);
         for (int i = 0; i < 90; ++i) tutti[i] = i + 1;
         std::shuffle(tutti.begin(), tutti.end(), g);
@@ -171,13 +173,17 @@ TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
             try { esitoA = FiltraColonna(letterale, num, liv.data(), k) ? 1 : 0; } catch (const ErroreEsecuzione&) { esitoA = 2; }
             try { esitoB = f.accetta(num, liv.data(), k) ? 1 : 0; } catch (const ErroreEsecuzione&) { esitoB = 2; }
             ASSERT_EQ(esitoA, esitoB) << nome;
-            // a place cut off for the last number holds only refused candidates
+            // a place left out for the last number holds a refused candidate; a place
+            // of a decided level holds one that passes
             {
-                int da = liv[k - 2] + 1, a = n;
-                f.intervalloUltimo(num, liv.data(), k, da, a);
-                if (liv[k - 1] < da || liv[k - 1] > a) {
+                Maschera ammessi;
+                const bool deciso = f.ultimoLivello(num, liv.data(), k, n, ammessi);
+                if (!ammessi.contiene(liv[k - 1])) {
                     ++tagliati;
                     ASSERT_EQ(esitoA, 0) << nome << " ultimo " << liv[k - 1];
+                } else if (deciso) {
+                    ++decisi;
+                    ASSERT_EQ(esitoA, 1) << nome << " ultimo " << liv[k - 1];
                 }
             }
             // a skipped prefix covers only candidates the plain filter refuses without error
@@ -199,4 +205,5 @@ TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
     EXPECT_GT(saltati, 0);
     EXPECT_GT(conColonne, 100);
     EXPECT_GT(tagliati, 0);
+    EXPECT_GT(decisi, 0);
 }
