@@ -259,7 +259,9 @@ TEST(EstrazioniArchivio, TutteLasciaSoloVenezia) {
         const auto venezia = ColonneAttese(draws, 10, N, N);
         for (int c = 1; c <= N; ++c)
             for (int x = 1; x <= 90; ++x)
-                if (bari[c][x] && !venezia[c][x]) EXPECT_FALSE(t[c][x]) << c << " " << x;
+                if (bari[c][x] && !venezia[c][x]) {
+                    EXPECT_FALSE(t[c][x]) << c << " " << x;
+                }
     }
     // No wheel chosen also counts as "Tutte".
     Banco b(archivio, 11);
@@ -345,8 +347,9 @@ TEST(EstrazioniArchivio, PassateChiamateDirettamenteSuPocheEstrazioni) {
             for (int x = 1; x <= 90; ++x) {
                 EXPECT_EQ(c.ValoriNumeri[x], frq.valori[x]) << ruota << " " << n << " " << x;
                 EXPECT_EQ(c.RitardiNumeri[x], rit.valori[x]) << ruota << " " << n << " " << x;
-                if (frq.finita) EXPECT_EQ(c.RitFrqNumeri[x][2], frq.valori[x]);
-                if (rit.finita) EXPECT_EQ(c.RitFrqNumeri[x][1], rit.valori[x]);
+                // the copy is made only by a pass that ran to its end
+                EXPECT_EQ(c.RitFrqNumeri[x][2], frq.finita ? frq.valori[x] : 0) << ruota << " " << n << " " << x;
+                EXPECT_EQ(c.RitFrqNumeri[x][1], rit.finita ? rit.valori[x] : 0) << ruota << " " << n << " " << x;
             }
         }
     // Hand check of one case: Venezia over the last three draws (ids 10..12).
