@@ -57,6 +57,9 @@ struct NelMagazzino {
         std::memcpy(dest, num, 16);
         dest += k;
     }
+    // Room for `quante` columns written in a row, then the count written.
+    uint8_t* spazio(size_t) { return dest; }
+    void scritte(size_t quante) { dest += quante * static_cast<size_t>(k); }
 };
 struct Buffer {
     std::vector<uint8_t> byte;  // its size only grows: a reused buffer spares page faults
@@ -70,6 +73,12 @@ struct NelBuffer {
         std::memcpy(out->byte.data() + out->usati, num, 16);
         out->usati += static_cast<size_t>(k);
     }
+    uint8_t* spazio(size_t quante) {
+        const size_t serve = out->usati + quante * static_cast<size_t>(k) + 16;
+        if (serve > out->byte.size()) out->byte.resize(std::max<size_t>(out->byte.size() * 2, std::max<size_t>(serve, 1 << 16)));
+        return out->byte.data() + out->usati;
+    }
+    void scritte(size_t quante) { out->usati += quante * static_cast<size_t>(k); }
 };
 
 // Every candidate passes: writes the first `quante` columns of the round straight
@@ -82,37 +91,43 @@ void ScriviTutte(const Contesto& c, const Turno& t, uint8_t* dest, uint64_t quan
     alignas(16) uint8_t buf[16] = {};
     buf[0] = c.numero[t.i1];
     buf[1] = c.numero[t.i2];
-    auto scrivi = [&] {
-        if (quante * k < 16) std::memcpy(dest, buf, k);  // near the end: no spill past it
-        else std::memcpy(dest, buf, 16);
-        dest += k;
-        return --quante != 0;
+    // The last level from place `da`: the prefix goes from a register, then the last
+    // number over it, so that no load waits on the byte just stored. False when done.
+    auto ultimo = [&](int da) {
+        uint8_t modello[16];
+        std::memcpy(modello, buf, 16);
+        for (int j = da; j <= n; ++j) {
+            if (quante * k < 16) {  // near the end: no spill past it
+                modello[k - 1] = c.numero[j];
+                std::memcpy(dest, modello, k);
+            } else {
+                std::memcpy(dest, modello, 16);
+                dest[k - 1] = c.numero[j];
+            }
+            dest += k;
+            if (--quante == 0) return false;
+        }
+        return true;
     };
     if (k == 2) {
-        scrivi();
+        std::memcpy(dest, buf, 2);
         return;
     }
+    if (k == 3) {
+        ultimo(t.i2 + 1);
+        return;
+    }
+    // positions 2..k-2 form the prefix; position k-1 runs in the last level
     int liv[KMax + 1];
     liv[1] = t.i2;
-    // positions 2..k-2 form the prefix; position k-1 runs in the inner loop
     int p = 2;
     liv[2] = liv[1];
-    if (k == 3) {
-        for (int j = t.i2 + 1; j <= n; ++j) {
-            buf[2] = c.numero[j];
-            if (!scrivi()) return;
-        }
-        return;
-    }
     while (p >= 2) {
         if (liv[p] < n - k + p + 1) {
             ++liv[p];
             buf[p] = c.numero[liv[p]];
             if (p == k - 2) {
-                for (int j = liv[p] + 1; j <= n; ++j) {
-                    buf[k - 1] = c.numero[j];
-                    if (!scrivi()) return;
-                }
+                if (!ultimo(liv[p] + 1)) return;
             } else {
                 ++p;
                 liv[p] = liv[p - 1];
@@ -182,6 +197,27 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
         const bool deciso = filtro ? filtro->ultimoLivello(num, liv, k, n, ammessi) : true;
         if (!filtro) ammessi = Maschera::Intervallo(liv[k - 2] + 1, n);
         if (fermato(static_cast<uint32_t>(n - liv[k - 2]))) return false;
+        if (deciso) {
+            const auto quante = static_cast<uint64_t>(ammessi.conta());
+            if (!limite || e.accettate + quante < limite) {
+                // the whole level at once: no stop can fall inside it
+                uint8_t* d = scrivi.spazio(quante);
+                // the prefix goes from a register, then the last number over it: no
+                // load waits on the byte just stored
+                uint8_t modello[16];
+                std::memcpy(modello, num, 16);
+                ammessi.perOgni([&](int q) {
+                    std::memcpy(d, modello, 16);
+                    d[k - 1] = c.numero[q];
+                    d += k;
+                    return true;
+                });
+                scrivi.scritte(quante);
+                e.accettate += quante;
+                e.esaminate += static_cast<uint64_t>(n - liv[k - 2]);
+                return true;
+            }
+        }
         int contati = liv[k - 2];  // places counted so far
         const bool avanti = ammessi.perOgni([&](int q) {
             liv[k - 1] = q;
