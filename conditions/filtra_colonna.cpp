@@ -146,6 +146,15 @@ bool FiltroCondizioni::interruzioniPDOk(unsigned pari, int k) const {
     return (interruzioniPD_ >> totale & 1) && massimo <= c_.InterruzioniPD[6];
 }
 
+// The mean delay and frequency from the sums over the column, as the plain test
+// takes them: float sums of whole numbers are exact, then truncated means.
+bool FiltroCondizioni::mediaOk(int sommaValori, int sommaRitardi, int k) const {
+    const float frequenza = std::trunc(static_cast<float>(sommaValori) / static_cast<float>(k));
+    const float ritardo = std::trunc(static_cast<float>(sommaRitardi) / static_cast<float>(k));
+    const auto& R = c_.RitardoFrequenza;
+    return (ritardo >= R[1][1] && ritardo <= R[1][2]) && (frequenza >= R[2][1] || frequenza <= R[2][2]);
+}
+
 // The last number never closes a run: only its presence counts.
 bool FiltroCondizioni::sezioneOk(const Sezione& s, const uint8_t* N, unsigned passi, int k, bool ultimoDentro) const {
     int presenze = ultimoDentro ? 1 : 0, consecutivi = 0;
@@ -435,6 +444,17 @@ void FiltroCondizioni::costruisci() {
         for (size_t f = 1; f < filtri_.size(); ++f)
             if (filtri_[f].contiene(x)) filtriPosti_[f].aggiungi(i);
     }
+    // The sequences see only the parities: their verdict for every pattern up to five numbers.
+    for (int k = 1; k <= 5; ++k)
+        for (unsigned pari = 0; pari < (1u << k); ++pari) {
+            int M[11] = {};
+            for (int j = 1; j <= k; ++j) M[j] = (pari >> (j - 1) & 1) ? 2 : 1;
+            try {
+                esitoSequele_[k][pari] = Sequele(c_, M, k) ? Accettata : Rifiutata;
+            } catch (const ErroreEsecuzione&) {
+                esitoSequele_[k][pari] = Errore;
+            }
+        }
     gruppiPari_ = gruppiDispari_ = interruzioni_ = interruzioniPD_ = 0;
     for (int t = 0; t <= 10; ++t) {
         if (c_.GruppiPD[1][t + 1]) gruppiPari_ |= uint16_t(1u << t);
@@ -505,11 +525,20 @@ bool FiltroCondizioni::accetta(const uint8_t* N, const int* L, int k) const {
     }
     if (attiva(7) && !pariDispariOk(pari, k)) return false;
     if (attiva(10) && !interruzioniPDOk(pari, k)) return false;
-    if (attiva(12) || attiva(15)) {
-        int M[11] = {};
-        for (int j = 1; j <= k; ++j) M[j] = N[j - 1];
-        if (attiva(12) && !Sequele(c, M, k)) return false;
-        if (attiva(15) && !RitardoFrequenzaMedia(c, M, k)) return false;
+    if (attiva(12)) {
+        // the signs run off their table from the sixth number on
+        if (k > 5) throw errori::indiceFuoriIntervallo();
+        const uint8_t esito = esitoSequele_[k][pari];
+        if (esito == Errore) throw errori::indiceFuoriIntervallo();
+        if (esito == Rifiutata) return false;
+    }
+    if (attiva(15)) {
+        int valori = 0, ritardi = 0;
+        for (int j = 0; j < k; ++j) {
+            valori += c.ValoriNumeri[N[j]];
+            ritardi += c.RitardiNumeri[N[j]];
+        }
+        if (!mediaOk(valori, ritardi, k)) return false;
     }
     return true;
 }
@@ -744,8 +773,29 @@ bool FiltroCondizioni::ultimoLivello(const uint8_t* N, const int* L, int k, int 
     }
     if (attiva(7)) m = m & secondoParita(pariDispariOk(parita | bit, k), pariDispariOk(parita, k));
     if (attiva(10)) m = m & secondoParita(interruzioniPDOk(parita | bit, k), interruzioniPDOk(parita, k));
-    // the sequences and the mean delay are asked candidate by candidate
-    return m.vuota() || !(attiva(12) || attiva(15));
+    if (m.vuota()) return true;
+    if (attiva(12)) {
+        if (k > 5) return false;  // every candidate still here runs off the signs' table
+        const uint8_t conPari = esitoSequele_[k][parita | bit], conDispari = esitoSequele_[k][parita];
+        if ((conPari == Errore && !(m & pari).vuota()) || (conDispari == Errore && !(m & dispari).vuota()))
+            return false;
+        m = m & secondoParita(conPari == Accettata, conDispari == Accettata);
+    }
+    if (attiva(15)) {
+        int valori = 0, ritardi = 0;
+        for (int j = 0; j < k - 1; ++j) {
+            valori += c.ValoriNumeri[N[j]];
+            ritardi += c.RitardiNumeri[N[j]];
+        }
+        Maschera ok;
+        m.perOgni([&](int q) {
+            const int x = numero_[q];
+            if (mediaOk(valori + c.ValoriNumeri[x], ritardi + c.RitardiNumeri[x], k)) ok.aggiungi(q);
+            return true;
+        });
+        m = ok;
+    }
+    return true;
 }
 
 }  // namespace zef

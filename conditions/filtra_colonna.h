@@ -47,6 +47,7 @@ private:
     bool gruppiOk(unsigned pari, int k) const;
     bool pariDispariOk(unsigned pari, int k) const;
     bool interruzioniPDOk(unsigned pari, int k) const;
+    bool mediaOk(int sommaValori, int sommaRitardi, int k) const;
     bool sezioneOk(const Sezione& s, const uint8_t* N, unsigned passi, int k, bool ultimoDentro) const;
     // The places of the forecast whose numbers lie in da..a.
     Maschera postiTra(int da, int a) const;
@@ -69,7 +70,8 @@ private:
     std::vector<Sezione> sezioni_;
     uint16_t gruppiPari_ = 0, gruppiDispari_ = 0;
     uint16_t interruzioni_ = 0, interruzioniPD_ = 0;  // bit t: t interruptions allowed
-    uint16_t presenzeSequela_[64] = {};
+    enum : uint8_t { Rifiutata, Accettata, Errore };
+    uint8_t esitoSequele_[6][32] = {};  // [k][parities, bit j for number j even]
 
     // The same sets over the places of the forecast, for the last number's level.
     bool crescente_ = false;  // the forecast rises strictly within 1..90
