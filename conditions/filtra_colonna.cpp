@@ -586,9 +586,18 @@ int FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, in
     if (attiva(8)) {
         const int mn = c.DistanzaNumeri[1], mx = c.DistanzaNumeri[2];
         const bool segni = c.DistanzaNumeri[3] != 0;
-        for (int i = 0; i < len - 1; ++i) {
-            int d = segni ? L[i + 1] - L[i] : N[i + 1] - N[i];
-            if (d < mn || d > mx) return prossimo;
+        for (int i = 0; i < len - 2; ++i)
+            if (!distanzaOk(N, L, i)) return oltre;  // a pair every place of this level shares
+        if (len >= 2) {
+            // the last pair widens with the place: too wide stays too wide, too close
+            // waits for the first place far enough
+            const int d = segni ? posto - L[len - 2] : ultimo - N[len - 2];
+            if (d > mx) return oltre;
+            if (d < mn) {
+                if (!crescente_) return prossimo;
+                if (segni) return L[len - 2] + mn;
+                return N[len - 2] + mn > 90 ? oltre : std::max<int>(prossimo, primoDa_[N[len - 2] + mn]);
+            }
         }
         // the next pair is at least as far apart as the next place allows
         if (resto > 0 && prossimo <= n_) {
@@ -703,12 +712,14 @@ bool FiltroCondizioni::ultimoLivello(const uint8_t* N, const int* L, int k, int 
     auto secondoParita = [&](bool p, bool d) { return (p ? pari : nessuno) | (d ? dispari : nessuno); };
 
     unsigned passi = 0, parita = 0;  // of the prefix
+    int somma = 0;
     for (int j = 0; j < k - 1; ++j) {
+        somma += N[j];
         if (!(N[j] & 1)) parita |= 1u << j;
         if (j && N[j] == N[j - 1] + 1) passi |= 1u << j;
     }
     const unsigned bit = 1u << (k - 1);
-    const Maschera prefisso = MascheraDi(N, k - 1);
+    const Maschera prefisso = attiva(1) || attiva(4) || attiva(13) ? MascheraDi(N, k - 1) : Maschera{};
 
     if (attiva(1)) {
         const Maschera mancanti = meno(fissi_, prefisso);
@@ -767,8 +778,6 @@ bool FiltroCondizioni::ultimoLivello(const uint8_t* N, const int* L, int k, int 
         }
     }
     if (attiva(6)) {
-        int somma = 0;
-        for (int j = 0; j < k - 1; ++j) somma += N[j];
         m = m & postiTra(c.SommaGlobale[1] - somma, c.SommaGlobale[2] - somma);
     }
     if (attiva(7)) m = m & secondoParita(pariDispariOk(parita | bit, k), pariDispariOk(parita, k));
