@@ -1,6 +1,7 @@
 #include "cli/sviluppo_cli.h"
 
 #include "cli/comandi.h"
+#include "core/basic.h"
 #include "core/form20.h"
 #include "core/vocabolario.h"
 
@@ -18,6 +19,8 @@ void AggiungiOpzioniSviluppo(CLI::App* app, OpzioniSviluppo& o, bool obbligatori
     app->add_option("-d,--distanza", o.distanza, "distanza minima in unità");
     app->add_option("--thread", o.thread, "thread di lavoro (0: tutti i core)");
     app->add_option("-c,--condizioni", o.condizioni, "file JSON delle condizioni")->check(CLI::ExistingFile);
+    app->add_option("--archivio", o.archivio, "archivio.db per le condizioni sull'archivio (predefinito: quello del programma)");
+    app->add_option("--ruota", o.ruota, "ruota della giocata: 0 Bari ... 9 Venezia, 10 Nazionale, 11 Tutte (predefinita)");
 }
 
 void ImpostaPronostico(Sistema& s, const std::string& testo) {
@@ -55,13 +58,27 @@ int DimensioneSviluppo(const std::string& testo) {
     throw InputNonValido("Sviluppo non valido: \"" + testo + "\" (2..10 o COPPIE..DECINE)");
 }
 
+int IndiceRuota(const std::string& testo) {
+    const std::string t = Trim(testo);
+    bool cifre = !t.empty() && t.size() <= 2 && std::all_of(t.begin(), t.end(), [](unsigned char c) { return std::isdigit(c); });
+    if (!cifre || std::stoi(t) > 11)
+        throw InputNonValido("Ruota non valida: \"" + testo +
+                             "\" (da 0 a 11: 0 Bari, 1 Cagliari, 2 Firenze, 3 Genova, 4 Milano, 5 Napoli, 6 Palermo, "
+                             "7 Roma, 8 Torino, 9 Venezia, 10 Nazionale, 11 Tutte)");
+    return std::stoi(t);
+}
+
 CaricatoreCondizioni& CaricaCondizioni() {
     static CaricatoreCondizioni c;
     return c;
 }
 
 void Sviluppa(Sistema& s, InterfacciaScriptata& ui, const OpzioniSviluppo& o) {
+    const int ruota = IndiceRuota(o.ruota);
     ImpostaPronostico(s, o.pronostico);
+    // the wheel option of the play dialog, which the archive-based conditions read
+    s.form2.Option1.fill(false);
+    s.form2.Option1[ruota] = true;
     const int k = DimensioneSviluppo(o.sviluppo);
     Form20 f20(s, ui);
     f20.carica();
@@ -83,7 +100,7 @@ void Sviluppa(Sistema& s, InterfacciaScriptata& ui, const OpzioniSviluppo& o) {
     }
     if (!o.condizioni.empty()) {
         if (!CaricaCondizioni()) throw InputNonValido("Le condizioni non sono disponibili in questa versione");
-        CaricaCondizioni()(s, ui, o.condizioni);
+        CaricaCondizioni()(s, ui, o);
     }
     f20.clickCommand1();
 }

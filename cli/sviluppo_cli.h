@@ -18,6 +18,8 @@ struct OpzioniSviluppo {
     std::string fisse;
     std::string distanza = "0";
     std::string condizioni;  // JSON file of conditions
+    std::string archivio;    // archivio.db for the archive-based conditions ("" the program's own)
+    std::string ruota = "11";  // wheel of the play dialog, 0..11 (11 "Tutte")
     int thread = 0;          // worker threads (0: all cores)
 };
 
@@ -28,9 +30,13 @@ void ImpostaPronostico(Sistema& s, const std::string& testo);
 // The size as a number or a name; throws InputNonValido.
 int DimensioneSviluppo(const std::string& testo);
 
-// Installs the conditions of a file before a development (wired by the conditions
-// subsystem; null while none is there).
-using CaricatoreCondizioni = std::function<void(Sistema&, Interfaccia&, const std::string& file)>;
+// The wheel index of --ruota, 0..11; throws InputNonValido.
+int IndiceRuota(const std::string& testo);
+
+// Installs the conditions of o.condizioni before a development, reading the archive
+// of o.archivio when they need it (wired by the conditions subsystem; null while none
+// is there).
+using CaricatoreCondizioni = std::function<void(Sistema&, Interfaccia&, const OpzioniSviluppo& o)>;
 CaricatoreCondizioni& CaricaCondizioni();
 
 // Sets the forecast and develops it as the development dialog would. Returns the

@@ -29,8 +29,8 @@ public:
     void preparaDa(const Condizioni& c, const std::vector<int>& pronostico, int n);
 
     bool accetta(const uint8_t* numeri, const int* livelli, int k) const override;
-    bool scartaPrefisso(const uint8_t* numeri, const int* livelli, int lunghezza, int k) const override;
-    void intervalloUltimo(const uint8_t* numeri, const int* livelli, int k, int& da, int& a) const override;
+    int scartaPrefisso(const uint8_t* numeri, const int* livelli, int lunghezza, int k) const override;
+    bool ultimoLivello(const uint8_t* numeri, const int* livelli, int k, int n, Maschera& ammessi) const override;
     std::unique_ptr<FiltroColonna> clona() const override { return std::make_unique<FiltroCondizioni>(*this); }
 
     const Condizioni& condizioni() const { return c_; }
@@ -41,6 +41,16 @@ private:
     };
     void costruisci();
     bool attiva(int i) const { return c_.CondizioneAttiva[i]; }
+    bool distanzaOk(const uint8_t* N, const int* L, int i) const;  // numbers i and i + 1
+    bool consecutivitaOk(unsigned passi, int k) const;
+    bool interruzioniOk(unsigned passi, int k) const;
+    bool gruppiOk(unsigned pari, int k) const;
+    bool pariDispariOk(unsigned pari, int k) const;
+    bool interruzioniPDOk(unsigned pari, int k) const;
+    bool mediaOk(int sommaValori, int sommaRitardi, int k) const;
+    bool sezioneOk(const Sezione& s, const uint8_t* N, unsigned passi, int k, bool ultimoDentro) const;
+    // The places of the forecast whose numbers lie in da..a.
+    Maschera postiTra(int da, int a) const;
 
     std::shared_ptr<const Condizioni> sorgente_;
     Condizioni c_;
@@ -60,7 +70,17 @@ private:
     std::vector<Sezione> sezioni_;
     uint16_t gruppiPari_ = 0, gruppiDispari_ = 0;
     uint16_t interruzioni_ = 0, interruzioniPD_ = 0;  // bit t: t interruptions allowed
-    uint16_t presenzeSequela_[64] = {};
+    enum : uint8_t { Rifiutata, Accettata, Errore };
+    uint8_t esitoSequele_[6][32] = {};  // [k][parities, bit j for number j even]
+
+    // The same sets over the places of the forecast, for the last number's level.
+    bool crescente_ = false;  // the forecast rises strictly within 1..90
+    uint8_t postoDi_[92] = {};  // place of each number, 0 when out of the forecast
+    uint8_t primoDa_[92] = {};  // first place whose number is at least v (n + 1: none)
+    Maschera postiPari_;
+    std::array<Maschera, 11> posizionePosti_{};
+    std::vector<Maschera> filtriPosti_;
+    Maschera archivioPosti_;
 };
 
 }  // namespace zef

@@ -28,6 +28,31 @@ struct Maschera {
     friend Maschera operator&(Maschera a, Maschera b) { return {a.lo & b.lo, a.hi & b.hi}; }
     friend Maschera operator|(Maschera a, Maschera b) { return {a.lo | b.lo, a.hi | b.hi}; }
     friend bool operator==(Maschera a, Maschera b) = default;
+    bool vuota() const { return (lo | hi) == 0; }
+    // The members of `a` not in `b`.
+    friend Maschera meno(Maschera a, Maschera b) { return {a.lo & ~b.lo, a.hi & ~b.hi}; }
+    // The numbers da..a (none when da > a), clipped to 1..90.
+    static Maschera Intervallo(int da, int a) {
+        if (da < 1) da = 1;
+        if (a > 90) a = 90;
+        if (da > a) return {};
+        return meno(FinoA(a), FinoA(da - 1));
+    }
+    // The numbers 1..a.
+    static Maschera FinoA(int a) {
+        if (a <= 0) return {};
+        if (a <= 64) return {a == 64 ? ~uint64_t{0} : (uint64_t{1} << a) - 1, 0};
+        return {~uint64_t{0}, a >= 90 ? (uint64_t{1} << 26) - 1 : (uint64_t{1} << (a - 64)) - 1};
+    }
+    // Calls f(n) for each member, ascending; stops when f returns false.
+    template <class F>
+    bool perOgni(F&& f) const {
+        for (uint64_t b = lo; b; b &= b - 1)
+            if (!f(std::countr_zero(b) + 1)) return false;
+        for (uint64_t b = hi; b; b &= b - 1)
+            if (!f(std::countr_zero(b) + 65)) return false;
+        return true;
+    }
     // Numbers the two sets share.
     friend int comuni(Maschera a, Maschera b) { return (a & b).conta(); }
 };

@@ -4,6 +4,8 @@
 // installed every candidate is accepted. The conditions subsystem installs its own.
 #pragma once
 
+#include "core/colonne.h"
+
 #include <cstdint>
 #include <memory>
 
@@ -23,18 +25,24 @@ public:
     // May raise ErroreEsecuzione where the tests run off a table.
     virtual bool accetta(const uint8_t* numeri, const int* livelli, int k) const = 0;
 
-    // True only when every candidate that starts with this prefix of `lunghezza`
-    // numbers would be refused, and refused before any error could arise: the
-    // generator then skips the subtree and counts it as examined.
-    virtual bool scartaPrefisso(const uint8_t* numeri, const int* livelli, int lunghezza, int k) const {
+    // Judges a prefix of `lunghezza` numbers, whose last sits at place P of the
+    // forecast. 0: its candidates may pass. Otherwise the first place Q > P from which
+    // the prefix's last number may pass again: every candidate that starts with the
+    // first `lunghezza` - 1 numbers and has its next number at a place in P..Q-1 is
+    // refused, and refused before any error could arise. The generator then skips
+    // those subtrees and counts them as examined.
+    virtual int scartaPrefisso(const uint8_t* numeri, const int* livelli, int lunghezza, int k) const { return 0; }
+
+    // For a prefix of k - 1 numbers, the level of the last number: `ammessi` gets the
+    // places of the forecast (after the prefix's last, up to `n`) whose candidates may
+    // pass; every candidate left out is refused before any error could arise, so the
+    // generator counts it as examined without asking. Returns true when every
+    // candidate in `ammessi` passes for sure: the generator stores them without asking
+    // `accetta` either.
+    virtual bool ultimoLivello(const uint8_t* numeri, const int* livelli, int k, int n, Maschera& ammessi) const {
+        ammessi = Maschera::Intervallo(livelli[k - 2] + 1, n);
         return false;
     }
-
-    // For a prefix of k - 1 numbers: narrows [da, a], the places of the forecast the
-    // last number may come from (on entry the whole range), to those whose candidates
-    // might pass. Candidates from the places cut off are all refused before any error
-    // could arise: the generator may count them as examined without asking.
-    virtual void intervalloUltimo(const uint8_t* numeri, const int* livelli, int k, int& da, int& a) const {}
 
     // A copy for another thread of the same pass (state that the test mutates is per copy).
     virtual std::unique_ptr<FiltroColonna> clona() const = 0;

@@ -48,18 +48,37 @@ struct Contesto {
 };
 
 // Where accepted columns go: straight into the store, or into a worker's buffer.
+// A column goes with one 16-byte write that spills into the places of the next ones:
+// the store keeps 16 writable bytes past its end, a buffer is kept 16 bytes ahead.
 struct NelMagazzino {
     uint8_t* dest;
     int k;
     void operator()(const uint8_t* num) {
-        std::memcpy(dest, num, k);
+        std::memcpy(dest, num, 16);
         dest += k;
     }
+    // Room for `quante` columns written in a row, then the count written.
+    uint8_t* spazio(size_t) { return dest; }
+    void scritte(size_t quante) { dest += quante * static_cast<size_t>(k); }
+};
+struct Buffer {
+    std::vector<uint8_t> byte;  // its size only grows: a reused buffer spares page faults
+    size_t usati = 0;
 };
 struct NelBuffer {
-    std::vector<uint8_t>* out;
+    Buffer* out;
     int k;
-    void operator()(const uint8_t* num) { out->insert(out->end(), num, num + k); }
+    void operator()(const uint8_t* num) {
+        if (out->usati + 16 > out->byte.size()) out->byte.resize(std::max<size_t>(out->byte.size() * 2, 1 << 16));
+        std::memcpy(out->byte.data() + out->usati, num, 16);
+        out->usati += static_cast<size_t>(k);
+    }
+    uint8_t* spazio(size_t quante) {
+        const size_t serve = out->usati + quante * static_cast<size_t>(k) + 16;
+        if (serve > out->byte.size()) out->byte.resize(std::max<size_t>(out->byte.size() * 2, std::max<size_t>(serve, 1 << 16)));
+        return out->byte.data() + out->usati;
+    }
+    void scritte(size_t quante) { out->usati += quante * static_cast<size_t>(k); }
 };
 
 // Every candidate passes: writes the first `quante` columns of the round straight
@@ -72,37 +91,43 @@ void ScriviTutte(const Contesto& c, const Turno& t, uint8_t* dest, uint64_t quan
     alignas(16) uint8_t buf[16] = {};
     buf[0] = c.numero[t.i1];
     buf[1] = c.numero[t.i2];
-    auto scrivi = [&] {
-        if (quante * k < 16) std::memcpy(dest, buf, k);  // near the end: no spill past it
-        else std::memcpy(dest, buf, 16);
-        dest += k;
-        return --quante != 0;
+    // The last level from place `da`: the prefix goes from a register, then the last
+    // number over it, so that no load waits on the byte just stored. False when done.
+    auto ultimo = [&](int da) {
+        uint8_t modello[16];
+        std::memcpy(modello, buf, 16);
+        for (int j = da; j <= n; ++j) {
+            if (quante * k < 16) {  // near the end: no spill past it
+                modello[k - 1] = c.numero[j];
+                std::memcpy(dest, modello, k);
+            } else {
+                std::memcpy(dest, modello, 16);
+                dest[k - 1] = c.numero[j];
+            }
+            dest += k;
+            if (--quante == 0) return false;
+        }
+        return true;
     };
     if (k == 2) {
-        scrivi();
+        std::memcpy(dest, buf, 2);
         return;
     }
+    if (k == 3) {
+        ultimo(t.i2 + 1);
+        return;
+    }
+    // positions 2..k-2 form the prefix; position k-1 runs in the last level
     int liv[KMax + 1];
     liv[1] = t.i2;
-    // positions 2..k-2 form the prefix; position k-1 runs in the inner loop
     int p = 2;
     liv[2] = liv[1];
-    if (k == 3) {
-        for (int j = t.i2 + 1; j <= n; ++j) {
-            buf[2] = c.numero[j];
-            if (!scrivi()) return;
-        }
-        return;
-    }
     while (p >= 2) {
         if (liv[p] < n - k + p + 1) {
             ++liv[p];
             buf[p] = c.numero[liv[p]];
             if (p == k - 2) {
-                for (int j = liv[p] + 1; j <= n; ++j) {
-                    buf[k - 1] = c.numero[j];
-                    if (!scrivi()) return;
-                }
+                if (!ultimo(liv[p] + 1)) return;
             } else {
                 ++p;
                 liv[p] = liv[p - 1];
@@ -123,20 +148,34 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
     uint32_t battito = 0;
     const int n = c.n, k = c.k;
     int liv[KMax + 1];
-    uint8_t num[KMax + 1];
+    uint8_t num[16] = {};  // KMax numbers, padded for the 16-byte writes
     liv[0] = t.i1;
     liv[1] = t.i2;
     num[0] = c.numero[t.i1];
     num[1] = c.numero[t.i2];
 
-    auto candidato = [&]() -> bool {  // false: stop the round
-        if (interrompi && ++battito == 4096) {
-            battito = 0;
-            if (interrompi->load(std::memory_order_relaxed)) {
-                e.completo = false;
-                return false;
-            }
+    // Periodically looks at the stop request of the pass.
+    auto fermato = [&](uint32_t passi) {
+        if (!interrompi) return false;
+        battito += passi;
+        if (battito < 4096) return false;
+        battito = 0;
+        if (!interrompi->load(std::memory_order_relaxed)) return false;
+        e.completo = false;
+        return true;
+    };
+    // An accepted candidate: false when it is the one at the limit, where the round stops.
+    auto accettata = [&]() -> bool {
+        if (limite && ++e.accettate >= limite) {
+            e.completo = false;
+            return false;
         }
+        if (!limite) ++e.accettate;
+        scrivi(num);
+        return true;
+    };
+    auto candidato = [&]() -> bool {  // false: stop the round
+        if (fermato(1)) return false;
         ++e.esaminate;
         bool ok = true;
         if (filtro) {
@@ -148,14 +187,52 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
                 return false;
             }
         }
-        if (ok) {
-            if (limite && ++e.accettate >= limite) {
-                e.completo = false;
-                return false;
+        return !ok || accettata();
+    };
+    // The last level under a prefix of k - 1 numbers: the filter names the places
+    // that may pass; the others are counted as examined where the plain walk would
+    // meet them, so that a stop inside the level finds the counts of the plain walk.
+    auto ultimoLivello = [&]() -> bool {
+        Maschera ammessi;
+        const bool deciso = filtro ? filtro->ultimoLivello(num, liv, k, n, ammessi) : true;
+        if (!filtro) ammessi = Maschera::Intervallo(liv[k - 2] + 1, n);
+        if (fermato(static_cast<uint32_t>(n - liv[k - 2]))) return false;
+        if (deciso) {
+            const auto quante = static_cast<uint64_t>(ammessi.conta());
+            if (!limite || e.accettate + quante < limite) {
+                // the whole level at once: no stop can fall inside it
+                uint8_t* d = scrivi.spazio(quante);
+                // the prefix goes from a register, then the last number over it: no
+                // load waits on the byte just stored
+                uint8_t modello[16];
+                std::memcpy(modello, num, 16);
+                ammessi.perOgni([&](int q) {
+                    std::memcpy(d, modello, 16);
+                    d[k - 1] = c.numero[q];
+                    d += k;
+                    return true;
+                });
+                scrivi.scritte(quante);
+                e.accettate += quante;
+                e.esaminate += static_cast<uint64_t>(n - liv[k - 2]);
+                return true;
             }
-            if (!limite) ++e.accettate;
-            scrivi(num);
         }
+        int contati = liv[k - 2];  // places counted so far
+        const bool avanti = ammessi.perOgni([&](int q) {
+            liv[k - 1] = q;
+            num[k - 1] = c.numero[q];
+            if (deciso) {
+                e.esaminate += static_cast<uint64_t>(q - contati);
+                contati = q;
+                return accettata();
+            }
+            e.esaminate += static_cast<uint64_t>(q - contati - 1);
+            contati = q;
+            return candidato();
+        });
+        if (!avanti) return false;
+        e.esaminate += static_cast<uint64_t>(n - contati);
         return true;
     };
 
@@ -167,38 +244,30 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
         e.esaminate += Binomiale(n - t.i2, k - 2);
         return;
     }
-    // The last level runs over [da, a] only, as the filter narrows it: the places cut
-    // off are counted as examined, those below before and those above after the run,
-    // so that a stop inside the run finds the counts of the plain walk.
-    int da = 0, a = n;
-    auto entraUltimo = [&] {
-        da = liv[k - 2] + 1;
-        a = n;
-        if (filtro) filtro->intervalloUltimo(num, liv, k, da, a);
-        if (a < liv[k - 2]) a = liv[k - 2];
-        if (da > a) da = a + 1;
-        if (da > liv[k - 2] + 1) e.esaminate += static_cast<uint64_t>(da - liv[k - 2] - 1);
-        liv[k - 1] = da - 1;
-    };
+    if (k == 3) {
+        ultimoLivello();
+        return;
+    }
+    // levels 2..k-2 walk the prefixes; the last level is one call per prefix
     int p = 2;
     liv[2] = liv[1];
-    if (k == 3) entraUltimo();
     while (p >= 2) {
-        const int limite = p == k - 1 ? a : n - k + p + 1;
-        if (liv[p] < limite) {
+        if (liv[p] < n - k + p + 1) {
             ++liv[p];
             num[p] = c.numero[liv[p]];
-            if (p == k - 1) {
-                if (!candidato()) return;
-            } else if (filtro && filtro->scartaPrefisso(num, liv, p + 1, k)) {
-                e.esaminate += Binomiale(n - liv[p], k - p - 1);
+            int salta = filtro ? filtro->scartaPrefisso(num, liv, p + 1, k) : 0;
+            if (salta) {
+                // the subtrees of places liv[p]..salta-1 at this level, by the hockey stick
+                salta = std::min(salta, n - k + p + 2);
+                e.esaminate += Binomiale(n - liv[p] + 1, k - p) - Binomiale(n - salta + 1, k - p);
+                liv[p] = salta - 1;
+            } else if (p == k - 2) {
+                if (!ultimoLivello()) return;
             } else {
                 ++p;
                 liv[p] = liv[p - 1];
-                if (p == k - 1) entraUltimo();
             }
         } else {
-            if (p == k - 1 && a < n) e.esaminate += static_cast<uint64_t>(n - a);
             --p;
         }
     }
@@ -208,7 +277,7 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
 struct Lotto {
     size_t primo = 0;  // rounds [primo, fine)
     size_t fine = 0;
-    std::vector<uint8_t> colonne;
+    Buffer colonne;
     std::vector<EsitoTurno> esiti;
     bool pronto = false;
 };
@@ -216,7 +285,7 @@ struct Lotto {
 void ElaboraLotto(const Contesto& c, const std::vector<Turno>& turni, Lotto& l, const FiltroColonna* filtro,
                   uint64_t limite, const std::atomic<bool>* interrompi) {
     l.esiti.clear();
-    l.colonne.clear();
+    l.colonne.usati = 0;
     uint64_t totale = 0;
     for (size_t r = l.primo; r < l.fine; ++r) {
         EsitoTurno& e = l.esiti.emplace_back();
@@ -418,7 +487,7 @@ void SviluppaColonne(Sistema& s, Interfaccia& ui, const ParametriSviluppo& par) 
     bool fermo = false;
     std::atomic<bool> interrompi{false};
     std::atomic<int64_t> memorizzate{s.NumColonne};
-    std::vector<std::vector<uint8_t>> riserva;  // buffers given back, reused to spare page faults
+    std::vector<Buffer> riserva;  // buffers given back, reused to spare page faults
     const size_t finestra = static_cast<size_t>(lavoratori) * 2;
     std::vector<std::thread> thread;
 
@@ -440,7 +509,7 @@ void SviluppaColonne(Sistema& s, Interfaccia& ui, const ParametriSviluppo& par) 
             try {
                 ElaboraLotto(c, turni, lotti[b], copia.get(), limite, &interrompi);
             } catch (const std::bad_alloc&) {
-                lotti[b].colonne.clear();
+                lotti[b].colonne.usati = 0;
                 lotti[b].esiti.assign(1, EsitoTurno{});
                 lotti[b].esiti[0].completo = false;
                 lotti[b].esiti[0].errore = errori::memoriaEsaurita();
@@ -476,7 +545,7 @@ void SviluppaColonne(Sistema& s, Interfaccia& ui, const ParametriSviluppo& par) 
                 EsitoTurno e;
                 if (r - l.primo < l.esiti.size()) e = l.esiti[r - l.primo];
                 else e.completo = false;  // not reached by the worker
-                const uint8_t* dati = l.colonne.data() + offset;
+                const uint8_t* dati = l.colonne.byte.data() + offset;
                 offset += std::min<uint64_t>(e.accettate, e.alLimite() ? e.accettate - 1 : e.accettate) * k;
                 const int64_t libere = capacita - s.NumColonne;
                 const bool oltre = static_cast<int64_t>(e.accettate) > libere;
@@ -501,7 +570,6 @@ void SviluppaColonne(Sistema& s, Interfaccia& ui, const ParametriSviluppo& par) 
             {
                 std::lock_guard lk(m);
                 riserva.push_back(std::move(l.colonne));
-                riserva.back().clear();
                 consumati = b + 1;
             }
             cvSpazio.notify_all();

@@ -44,9 +44,22 @@ inline constexpr std::array<int64_t, 13> ImportiPuntata = {500, 1000, 2000, 5000
 inline constexpr std::array<const char*, 13> DidascaliePuntata = {
     "0,05", "0,10", "0,20", "0,50", "1,00", "2,00", "3,00", "5,00", "10,0", "20,0", "50,0", "100", "200"};
 
-// Binomial coefficient, exact in 64 bits for n <= 90.
+namespace detail {
+// Pascal's triangle for n <= 90, k <= 10: the sizes the development asks in its loops.
+inline constexpr auto TabellaBinomiali = [] {
+    std::array<std::array<uint64_t, 11>, 91> t{};
+    for (int n = 0; n <= 90; ++n) {
+        t[n][0] = 1;
+        for (int k = 1; k <= 10 && k <= n; ++k) t[n][k] = t[n - 1][k - 1] + (k <= n - 1 ? t[n - 1][k] : 0);
+    }
+    return t;
+}();
+}  // namespace detail
+
+// Binomial coefficient, exact in 64 bits for n <= 90 and k <= 10 (beyond, as far as 64 bits go).
 inline uint64_t Binomiale(int n, int k) {
     if (k < 0 || k > n) return 0;
+    if (n <= 90 && k <= 10) return detail::TabellaBinomiali[n][k];
     if (k > n - k) k = n - k;
     __extension__ typedef unsigned __int128 U128;
     U128 r = 1;

@@ -123,11 +123,13 @@ Esito Sviluppa(const std::vector<int>& pronostico, int k, std::shared_ptr<Filtro
 
 TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
     std::mt19937 g(20261123);
-    int conErrore = 0, alLimite = 0, saltati = 0, conColonne = 0, tagliati = 0;
+    int conErrore = 0, alLimite = 0, saltati = 0, conColonne = 0, tagliati = 0, decisi = 0, salti = 0;
     for (int caso = 0; caso < 400; ++caso) {
         auto u = [&](int a, int b) { return std::uniform_int_distribution<int>(a, b)(g); };
-        const int k = u(2, 7);
-        const int n = u(k, 16);
+        // now and then a long forecast, whose places run past the first 64
+        const bool lungo = caso % 10 == 0;
+        const int k = lungo ? u(2, 3) : u(2, 7);
+        const int n = lungo ? u(60, 90) : u(k, 16);
         std::vector<int> tutti(90);
         for (int i = 0; i < 90; ++i) tutti[i] = i + 1;
         std::shuffle(tutti.begin(), tutti.end(), g);
@@ -171,21 +173,41 @@ TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
             try { esitoA = FiltraColonna(letterale, num, liv.data(), k) ? 1 : 0; } catch (const ErroreEsecuzione&) { esitoA = 2; }
             try { esitoB = f.accetta(num, liv.data(), k) ? 1 : 0; } catch (const ErroreEsecuzione&) { esitoB = 2; }
             ASSERT_EQ(esitoA, esitoB) << nome;
-            // a place cut off for the last number holds only refused candidates
+            // a place left out for the last number holds a refused candidate; a place
+            // of a decided level holds one that passes
             {
-                int da = liv[k - 2] + 1, a = n;
-                f.intervalloUltimo(num, liv.data(), k, da, a);
-                if (liv[k - 1] < da || liv[k - 1] > a) {
+                Maschera ammessi;
+                const bool deciso = f.ultimoLivello(num, liv.data(), k, n, ammessi);
+                if (!ammessi.contiene(liv[k - 1])) {
                     ++tagliati;
                     ASSERT_EQ(esitoA, 0) << nome << " ultimo " << liv[k - 1];
+                } else if (deciso) {
+                    ++decisi;
+                    ASSERT_EQ(esitoA, 1) << nome << " ultimo " << liv[k - 1];
                 }
             }
-            // a skipped prefix covers only candidates the plain filter refuses without error
-            for (int len = 2; len < k; ++len)
-                if (f.scartaPrefisso(num, liv.data(), len, k)) {
+            // a skipped prefix covers only candidates the plain filter refuses without
+            // error, and so does the jump of an earlier place at the same level
+            for (int len = 2; len < k; ++len) {
+                const int salta = f.scartaPrefisso(num, liv.data(), len, k);
+                if (salta) {
                     ++saltati;
+                    ASSERT_GT(salta, liv[len - 1]) << nome;
                     ASSERT_EQ(esitoA, 0) << nome << " prefisso " << len;
                 }
+                uint8_t fratello[10];
+                std::vector<int> livFratello(liv.begin(), liv.begin() + len);
+                std::copy(num, num + len, fratello);
+                for (int q = liv[len - 2] + 1; q < liv[len - 1]; ++q) {
+                    livFratello[len - 1] = q;
+                    fratello[len - 1] = static_cast<uint8_t>(pronostico[q - 1]);
+                    if (f.scartaPrefisso(fratello, livFratello.data(), len, k) > liv[len - 1]) {
+                        ++salti;
+                        ASSERT_EQ(esitoA, 0) << nome << " salto da " << q << " al livello " << len;
+                        break;
+                    }
+                }
+            }
             int i = k - 1;
             while (i >= 0 && liv[i] == n - k + i + 1) --i;
             if (i < 0) break;
@@ -199,4 +221,6 @@ TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
     EXPECT_GT(saltati, 0);
     EXPECT_GT(conColonne, 100);
     EXPECT_GT(tagliati, 0);
+    EXPECT_GT(decisi, 0);
+    EXPECT_GT(salti, 0);
 }

@@ -16,33 +16,69 @@ using namespace zef;
 
 namespace {
 
-// A filter for the tests: refuses every column holding `vietato`, accepts the rest
-// by a hash, and fails on the column whose hash hits `guasto`.
+// A filter for the tests: refuses every column holding a number of the forbidden run
+// vietatoDa..vietatoA, accepts the rest by a hash, and fails on the column whose hash
+// hits `guasto`. With `pota` it skips prefixes that hold a forbidden number, jumping
+// over the places of the run; with `decide` it names the passing places of the last
+// level itself, whenever no candidate there fails.
 class FiltroProva : public FiltroColonna {
 public:
-    int vietato = 0;        // 0: none
+    int vietatoDa = 0, vietatoA = -1;  // none when da > a
     int percentuale = 100;  // share accepted
     uint32_t seme = 1;
     uint32_t guasto = 0;    // hash value that fails (0: never)
-    bool pota = true;       // use the prefix pruning
+    bool pota = true;
+    bool decide = false;
+    std::vector<int> pronostico;  // ascending
 
     static uint32_t hash(const uint8_t* numeri, int k, uint32_t seme) {
         uint32_t h = 2166136261u ^ seme;
         for (int i = 0; i < k; ++i) h = (h ^ numeri[i]) * 16777619u;
         return h;
     }
+    bool vietato(int x) const { return x >= vietatoDa && x <= vietatoA; }
     bool accetta(const uint8_t* numeri, const int* livelli, int k) const override {
         for (int i = 0; i < k; ++i)
-            if (numeri[i] == vietato) return false;
+            if (vietato(numeri[i])) return false;
         uint32_t h = hash(numeri, k, seme);
         if (guasto && h % 997 == guasto % 997) throw errori::indiceFuoriIntervallo();
         return static_cast<int>(h % 100) < percentuale;
     }
-    bool scartaPrefisso(const uint8_t* numeri, const int*, int lunghezza, int) const override {
-        if (!pota) return false;
-        for (int i = 0; i < lunghezza; ++i)
-            if (numeri[i] == vietato) return true;
-        return false;
+    int scartaPrefisso(const uint8_t* numeri, const int* livelli, int lunghezza, int) const override {
+        if (!pota) return 0;
+        for (int i = 0; i < lunghezza - 1; ++i)
+            if (vietato(numeri[i])) return livelli[lunghezza - 1] + 1;
+        if (!vietato(numeri[lunghezza - 1])) return 0;
+        // the places of the run that follow are refused too
+        int q = livelli[lunghezza - 1] + 1;
+        while (q <= static_cast<int>(pronostico.size()) && vietato(pronostico[q - 1])) ++q;
+        return q;
+    }
+    bool ultimoLivello(const uint8_t* numeri, const int* livelli, int k, int n, Maschera& ammessi) const override {
+        ammessi = {};
+        uint8_t num[10];
+        std::copy(numeri, numeri + k - 1, num);
+        bool tutti = true;
+        for (int q = livelli[k - 2] + 1; q <= n; ++q) {
+            num[k - 1] = static_cast<uint8_t>(pronostico[q - 1]);
+            if (!pota || !vietato(num[k - 1])) ammessi.aggiungi(q);
+            try {
+                if (!accetta(num, livelli, k)) ammessi = meno(ammessi, Maschera::Intervallo(q, q));
+            } catch (const ErroreEsecuzione&) {
+                tutti = false;
+            }
+        }
+        if (!decide || !tutti) {
+            // only the forbidden run is left out: those candidates fail before any error
+            ammessi = {};
+            for (int q = livelli[k - 2] + 1; q <= n; ++q)
+                if (!pota || !vietato(pronostico[q - 1])) ammessi.aggiungi(q);
+            return false;
+        }
+        return true;
+    }
+    void prepara(const Sistema& s) override {
+        pronostico.assign(s.Pronostico.begin() + 1, s.Pronostico.begin() + 1 + s.NumPronostico);
     }
     std::unique_ptr<FiltroColonna> clona() const override { return std::make_unique<FiltroProva>(*this); }
 };
@@ -197,7 +233,11 @@ TEST(SviluppaColonne, UgualeAlPercorsoLetteraleSuCasiCasuali) {
             f = std::make_shared<FiltroProva>();
             f->seme = rng();
             f->percentuale = static_cast<int>(rng() % 101);
-            if (rng() % 2) f->vietato = pron[rng() % n];
+            if (rng() % 2) {
+                f->vietatoDa = pron[rng() % n];
+                f->vietatoA = rng() % 2 ? f->vietatoDa : f->vietatoDa + static_cast<int>(rng() % 30);
+            }
+            f->decide = rng() % 2;
             if (rng() % 4 == 0) f->guasto = rng() | 1;
             f->pota = rng() % 2;
         }
