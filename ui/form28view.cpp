@@ -107,8 +107,10 @@ Form28View::Form28View(Form28& modello, Interfaccia& ui, QWidget* parent) : QDia
         b->setMinimumWidth(110);
         b->setAutoDefault(false);
     }
-    salva_->setAutoDefault(false);
-    caricaPulsante_->setAutoDefault(false);
+    for (QPushButton* b : {salva_, caricaPulsante_}) {
+        b->setAutoDefault(false);
+        b->setMinimumWidth(b->fontMetrics().horizontalAdvance(b->text()) + 28);
+    }
     auto* basso = new QHBoxLayout;
     basso->addWidget(caricaPulsante_);
     basso->addWidget(salva_);
@@ -336,6 +338,11 @@ void Form28View::aggiorna() {
         const int s = std::clamp(m_.SSTab1, 0, 14);
         tab_->setCurrentIndex(s);
         striscia_->button(s)->setChecked(true);
+        for (int i = 0; i < 15; ++i) {
+            QFont f = striscia_->button(i)->font();
+            f.setBold(i == s);
+            striscia_->button(i)->setFont(f);
+        }
     }
     for (auto& specchio : specchi_) specchio();
     {

@@ -83,8 +83,7 @@ QWidget* Form28View::paginaNumeriFissi() {
     list1_->setFlow(QListView::TopToBottom);
     list1_->setWrapping(true);
     list1_->setResizeMode(QListView::Adjust);
-    list1_->setUniformItemSizes(true);
-    list1_->setSpacing(1);
+    list1_->setGridSize(QSize(list1_->fontMetrics().horizontalAdvance("00") + 44, list1_->fontMetrics().height() + 8));
     connect(list1_, &QListWidget::itemChanged, this, [this](QListWidgetItem* voce) {
         const int riga = list1_->row(voce);
         const bool spunta = voce->checkState() == Qt::Checked;
