@@ -91,6 +91,11 @@ Form28View::Form28View(Form28& modello, Interfaccia& ui, QWidget* parent) : QDia
         m_.SSTab1 = i;
         aggiorna();
     });
+    // Ctrl+Tab still steps through the pages with the bar hidden.
+    connect(tab_, &QTabWidget::currentChanged, this, [this](int i) {
+        m_.SSTab1 = i;
+        aggiorna();
+    });
 
     salva_ = new QPushButton("Salva condizioni...");
     salva_->setObjectName("salvaCondizioni");

@@ -92,6 +92,15 @@ TEST(Form28View, SchedeAiutiEControlliDentroLaFinestra) {
         if (const char* cartella = std::getenv("ZEF_SCHERMATE"))
             b.v->grab().save(QString("%1/form28_%2.png").arg(cartella).arg(i, 2, 10, QChar('0')));
     }
+    // Ctrl+Tab from a field steps to the next page, the strip follows
+    b.scheda(6);
+    b.v->campo("txtPariMin")->setFocus();
+    QTest::keyClick(b.v->campo("txtPariMin"), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(b.f->SSTab1, 7);
+    EXPECT_TRUE(b.v->scheda(7)->isChecked());
+    EXPECT_TRUE(b.v->scheda(7)->font().bold());
+    EXPECT_FALSE(b.v->scheda(6)->font().bold());
+    b.scheda(6);
     Clic(b.v->chkAttivo(6));
     EXPECT_EQ(b.f->chkAttivo[6], 1);
     EXPECT_EQ(b.f->chkAttivo[5], 0);
