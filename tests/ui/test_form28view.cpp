@@ -241,6 +241,11 @@ TEST(Form28View, AccettaRiempieLeCondizioniENasconde) {
     Banco b;
     b.scheda(0);
     ASSERT_EQ(b.v->List1()->count(), 16);  // the forecast after the reset, and once more at showing
+    // a sixth tick is taken off the list on screen
+    for (int i = 2; i <= 7; ++i) b.v->List1()->item(i)->setCheckState(Qt::Checked);
+    EXPECT_EQ(b.v->List1()->item(7)->checkState(), Qt::Unchecked);
+    EXPECT_EQ(b.s.NumeriFissi.size(), 6u);
+    for (int i = 2; i <= 6; ++i) b.v->List1()->item(i)->setCheckState(Qt::Unchecked);
     b.v->List1()->item(1)->setCheckState(Qt::Checked);
     EXPECT_EQ(b.s.NumeriFissi.size(), 2u);
     EXPECT_EQ(b.s.NumeriFissi[1], 7);
