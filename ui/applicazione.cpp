@@ -3,6 +3,7 @@
 #include "archive/archivio.h"
 #include "archive/comandi_archivio.h"
 #include "archive/form3.h"
+#include "conditions/estrazioni_archivio.h"
 #include "files/filesistema.h"
 #include "ui/finestre_riduzione.h"
 #include "ui/form3view.h"
@@ -63,7 +64,7 @@ void Applicazione::collega() {
 void Applicazione::collegaArchivio() {
     // Raises on failure: the main window's start-up shows the message and goes on without it.
     f1_.apriArchivio = [this] {
-        archivio_.reset();
+        chiudiArchivio();
         archivio_ = opzioni_.archivio.empty() ? ArchivioEstrazioni::ApriPredefinito()
                                               : ArchivioEstrazioni::ApriOCrea(opzioni_.archivio);
     };
@@ -71,7 +72,7 @@ void Applicazione::collegaArchivio() {
         if (vista3_ && vista3_->isVisible()) vista3_->hide();
         if (form3_ && form3_->caricato) form3_->scarica();
         // A running worker still uses the connection: it is closed when the worker ends.
-        if (!lavoroInCorso_) archivio_.reset();
+        if (!lavoroInCorso_) chiudiArchivio();
     };
     f1_.mostraForm3 = [this] {
         if (!form3_) {
@@ -86,6 +87,11 @@ void Applicazione::collegaArchivio() {
     };
     f1_.AggiornaEstrazioni = [this] { suArchivio(&AggiornaEstrazioniDalWeb); };
     f1_.ImportaArchivio = [this] { suArchivio(&ImportaArchivioStorico); };
+}
+
+void Applicazione::chiudiArchivio() {
+    fonte_.reset();  // reads through the connection
+    archivio_.reset();
 }
 
 void Applicazione::suArchivio(void (*comando)(ArchivioEstrazioni&, Interfaccia&)) {
@@ -104,12 +110,12 @@ void Applicazione::suArchivio(void (*comando)(ArchivioEstrazioni&, Interfaccia&)
         vista::EseguiInThread([&a, &ui, comando] { comando(a, ui); });
     } catch (...) {
         lavoroInCorso_ = false;
-        if (f1_.terminato) archivio_.reset();
+        if (f1_.terminato) chiudiArchivio();
         throw;
     }
     lavoroInCorso_ = false;
     if (f1_.terminato) {  // Exit came while the worker ran
-        archivio_.reset();
+        chiudiArchivio();
         return;
     }
     ricaricaForm3();
@@ -137,6 +143,13 @@ void Applicazione::collegaFinestre() {
     f1_.mostraForm18 = [g] { g->apriForm18(QCursor::pos()); };
     f1_.scaricaForm2 = [g] { g->scaricaForm2(); };
     f1_.scaricaForm12 = [g] { g->scaricaForm12(); };
+    // The conditions on the draws read the open archive; a new source at each opening,
+    // so that it never outlives the connection it reads.
+    g->fonteArchivio = [this]() -> FonteEstrazioni* {
+        fonte_.reset();
+        if (archivio_ && !lavoroInCorso_) fonte_ = std::make_unique<EstrazioniArchivio>(*archivio_);
+        return fonte_.get();
+    };
     finestre_.push_back(giocata);
 #endif
     finestre_.push_back(InstallaFinestreRiduzione(f1_, *s_, ui_, *vista_));

@@ -3,6 +3,7 @@
 // subsystems. The other dialogs' views are wired here as they arrive.
 #pragma once
 
+#include "conditions/fonte_estrazioni.h"
 #include "core/form1.h"
 #include "core/sistema.h"
 #include "ui/form1view.h"
@@ -51,6 +52,7 @@ private:
     // The views of the other windows, as far as they are in the tree.
     void collegaFinestre();
     void collegaArchivio();
+    void chiudiArchivio();
     // Runs a command on the open archive off the interface thread, then shows its effects.
     void suArchivio(void (*comando)(ArchivioEstrazioni&, Interfaccia&));
     // The browser follows the archive after a command changed it.
@@ -65,6 +67,7 @@ private:
     // when its views are in the tree).
     std::vector<std::shared_ptr<void>> finestre_;
     std::unique_ptr<ArchivioEstrazioni> archivio_;
+    std::unique_ptr<FonteEstrazioni> fonte_;  // the draws for the conditions dialog, over archivio_
     bool lavoroInCorso_ = false;  // a worker owns archivio_
     // After vista_: the browser's window goes before the main window it belongs to.
     std::unique_ptr<Form3> form3_;
