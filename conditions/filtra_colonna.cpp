@@ -172,6 +172,109 @@ bool FiltroCondizioni::sezioneOk(const Sezione& s, const uint8_t* N, unsigned pa
     return presenze >= s.min && presenze <= s.max;
 }
 
+// The same tests on a prefix of `len` numbers with `resto` still to come: true
+// when every column that starts with it must fail.
+bool FiltroCondizioni::prefissoPassiFallisce(unsigned passi, int len, int resto) const {
+    if (attiva(2)) {
+        const int mx = c_.Consecutivita[2];
+        int cons = 0;
+        for (int i = 1; i < len; ++i) {
+            if (passi >> i & 1) {
+                ++cons;
+            } else {
+                if (cons > mx) return true;
+                if (c_.Consecutivita[3] == 0) cons = 0;
+            }
+        }
+        if (cons > mx) return true;  // the run fails at its gap or at the end
+    }
+    if (attiva(3)) {
+        int corrente = 0, totale = 0, massimo = 0;
+        for (int i = 1; i < len; ++i) {
+            if (passi >> i & 1) {
+                corrente = 0;
+            } else {
+                ++totale;
+                if (++corrente > massimo) massimo = corrente;
+            }
+        }
+        if (massimo > c_.Interruzioni[6]) return true;
+        bool qualcuno = false;
+        for (int t = totale; t <= totale + resto && t <= 10; ++t)
+            if (interruzioni_ >> t & 1) qualcuno = true;
+        if (!qualcuno) return true;
+    }
+    return false;
+}
+
+bool FiltroCondizioni::prefissoPariFallisce(unsigned pari, int len, int resto) const {
+    if (attiva(7)) {
+        const auto& P = c_.PariDispari;
+        int nPari = 0, runP = 0, runD = 0, maxP = 0, maxD = 0;
+        for (int j = 0; j < len; ++j) {
+            if (pari >> j & 1) {
+                ++nPari;
+                runD = 0;
+                if (++runP > maxP) maxP = runP;
+            } else {
+                runP = 0;
+                if (++runD > maxD) maxD = runD;
+            }
+        }
+        const int nDispari = len - nPari;
+        if (nPari > P[2] || nDispari > P[5] || nPari + resto < P[1] || nDispari + resto < P[4]) return true;
+        if (maxP > P[3] || maxD > P[6]) return true;
+    }
+    if (attiva(10)) {
+        int totale = 0, corrente = 0, massimo = 0;
+        for (int j = 1; j < len; ++j) {
+            if ((pari >> j & 1) != (pari >> (j - 1) & 1)) {
+                ++totale;
+                if (++corrente > massimo) massimo = corrente;
+            } else {
+                corrente = 0;
+            }
+        }
+        if (massimo > c_.InterruzioniPD[6]) return true;
+        bool qualcuno = false;
+        for (int t = totale; t <= totale + resto && t <= 10; ++t)
+            if (interruzioniPD_ >> t & 1) qualcuno = true;
+        if (!qualcuno) return true;
+    }
+    return false;
+}
+
+// The tests that see only the steps or only the parities, answered once for every
+// pattern of every length: a column (resto 0) by the whole tests, a prefix by the
+// prefix checks above.
+void FiltroCondizioni::costruisciVerdetti() {
+    size_t dimensione = 0;
+    for (int len = 1; len <= 10; ++len)
+        for (int resto = 0; len + resto <= 10; ++resto) {
+            inizioVerdetti_[len][resto] = static_cast<uint16_t>(dimensione);
+            dimensione += size_t{1} << len;
+        }
+    rifiutoPassi_.assign(dimensione, 0);
+    rifiutoPari_.assign(dimensione, 0);
+    for (int len = 1; len <= 10; ++len)
+        for (int resto = 0; len + resto <= 10; ++resto) {
+            uint8_t* passi = &rifiutoPassi_[inizioVerdetti_[len][resto]];
+            uint8_t* pari = &rifiutoPari_[inizioVerdetti_[len][resto]];
+            for (unsigned b = 0; b < (1u << len); ++b) {
+                if (resto == 0) {
+                    passi[b] = static_cast<uint8_t>((attiva(2) && !consecutivitaOk(b, len) ? Rifiuto2 : 0) |
+                                                    (attiva(3) && !interruzioniOk(b, len) ? Rifiuto3 : 0));
+                    pari[b] = static_cast<uint8_t>((attiva(9) && !gruppiOk(b, len) ? Rifiuto9 : 0) |
+                                                   (attiva(7) && !pariDispariOk(b, len) ? Rifiuto7 : 0) |
+                                                   (attiva(10) && !interruzioniPDOk(b, len) ? Rifiuto10 : 0));
+                } else {
+                    passi[b] = prefissoPassiFallisce(b, len, resto) ? Rifiuto2 : 0;
+                    pari[b] = prefissoPariFallisce(b, len, resto) ? Rifiuto7 : 0;
+                }
+            }
+        }
+}
+
 // Every failed test refuses the candidate at once: the allowance of RECUPERO is
 // never set, so the failure rule cannot let a column through.
 bool FiltraColonna(const Condizioni& c, const uint8_t* numeri, const int* livelli, int k) {
@@ -462,6 +565,7 @@ void FiltroCondizioni::costruisci() {
         if (c_.Interruzioni[t + 1] != 0) interruzioni_ |= uint16_t(1u << t);
         if (c_.InterruzioniPD[t + 1] != 0) interruzioniPD_ |= uint16_t(1u << t);
     }
+    costruisciVerdetti();
 }
 
 bool FiltroCondizioni::accetta(const uint8_t* N, const int* L, int k) const {
@@ -500,9 +604,9 @@ bool FiltroCondizioni::accetta(const uint8_t* N, const int* L, int k) const {
         for (int i = 0; i < k - 1; ++i)
             if (!distanzaOk(N, L, i)) return false;
     }
-    if (attiva(2) && !consecutivitaOk(passi, k)) return false;
-    if (attiva(3) && !interruzioniOk(passi, k)) return false;
-    if (attiva(9) && !gruppiOk(pari, k)) return false;
+    const size_t inizio = inizioVerdetti_[k][0];
+    if (rifiutoPassi_[inizio + passi]) return false;  // tests 2 and 3
+    if (rifiutoPari_[inizio + pari] & Rifiuto9) return false;
     if (attiva(4)) {
         for (size_t f = 1; f < filtri_.size(); ++f) {
             const int punti = comuni(filtri_[f], m);
@@ -523,8 +627,7 @@ bool FiltroCondizioni::accetta(const uint8_t* N, const int* L, int k) const {
         for (int j = 0; j < k; ++j) somma += N[j];
         if (somma < c.SommaGlobale[1] || somma > c.SommaGlobale[2]) return false;
     }
-    if (attiva(7) && !pariDispariOk(pari, k)) return false;
-    if (attiva(10) && !interruzioniPDOk(pari, k)) return false;
+    if (rifiutoPari_[inizio + pari] & (Rifiuto7 | Rifiuto10)) return false;
     if (attiva(12)) {
         // the signs run off their table from the sixth number on
         if (k > 5) throw errori::indiceFuoriIntervallo();
@@ -605,35 +708,14 @@ int FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, in
             if (d > mx) return prossimo;
         }
     }
-    if (attiva(2)) {
-        const int mx = c.Consecutivita[2];
-        int cons = 0;
-        for (int i = 1; i < len; ++i) {
-            if (N[i] == N[i - 1] + 1) {
-                ++cons;
-            } else {
-                if (cons > mx) return prossimo;
-                if (c.Consecutivita[3] == 0) cons = 0;
-            }
-        }
-        if (cons > mx) return prossimo;  // the run fails at its gap or at the end
+    // the steps and the parities of the prefix, bit j for number j
+    unsigned passi = 0, pari = 0;
+    for (int j = 0; j < len; ++j) {
+        if (!(N[j] & 1)) pari |= 1u << j;
+        if (j && N[j] == N[j - 1] + 1) passi |= 1u << j;
     }
-    if (attiva(3)) {
-        int corrente = 0, totale = 0, massimo = 0;
-        for (int i = 1; i < len; ++i) {
-            if (N[i] == N[i - 1] + 1) {
-                corrente = 0;
-            } else {
-                ++totale;
-                if (++corrente > massimo) massimo = corrente;
-            }
-        }
-        if (massimo > c.Interruzioni[6]) return prossimo;
-        bool qualcuno = false;
-        for (int t = totale; t <= totale + resto && t <= 10; ++t)
-            if (interruzioni_ >> t & 1) qualcuno = true;
-        if (!qualcuno) return prossimo;
-    }
+    const size_t inizio = inizioVerdetti_[len][resto];
+    if (rifiutoPassi_[inizio + passi]) return prossimo;
     if (erroreFiltri) return 0;
     if (attiva(13)) {
         if (comuni(archivio_, MascheraDi(N, len)) > 0) return prossimo;
@@ -646,39 +728,7 @@ int FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, in
             if (presenze > s.max) return prossimo;
         }
     }
-    if (attiva(7)) {
-        const auto& P = c.PariDispari;
-        int nPari = 0, runP = 0, runD = 0, maxP = 0, maxD = 0;
-        for (int j = 0; j < len; ++j) {
-            if (!(N[j] & 1)) {
-                ++nPari;
-                runD = 0;
-                if (++runP > maxP) maxP = runP;
-            } else {
-                runP = 0;
-                if (++runD > maxD) maxD = runD;
-            }
-        }
-        const int nDispari = len - nPari;
-        if (nPari > P[2] || nDispari > P[5] || nPari + resto < P[1] || nDispari + resto < P[4]) return prossimo;
-        if (maxP > P[3] || maxD > P[6]) return prossimo;
-    }
-    if (attiva(10)) {
-        int totale = 0, corrente = 0, massimo = 0;
-        for (int j = 1; j < len; ++j) {
-            if ((N[j] & 1) != (N[j - 1] & 1)) {
-                ++totale;
-                if (++corrente > massimo) massimo = corrente;
-            } else {
-                corrente = 0;
-            }
-        }
-        if (massimo > c.InterruzioniPD[6]) return prossimo;
-        bool qualcuno = false;
-        for (int t = totale; t <= totale + resto && t <= 10; ++t)
-            if (interruzioniPD_ >> t & 1) qualcuno = true;
-        if (!qualcuno) return prossimo;
-    }
+    if (rifiutoPari_[inizio + pari]) return prossimo;
     return 0;
 }
 
@@ -745,9 +795,11 @@ bool FiltroCondizioni::ultimoLivello(const uint8_t* N, const int* L, int k, int 
         if (c.DistanzaNumeri[3] != 0) m = m & Maschera::Intervallo(posto + mn, posto + mx);
         else m = m & postiTra(ultimo + mn, ultimo + mx);
     }
-    if (attiva(2)) m = m & secondoPasso(consecutivitaOk(passi | bit, k), consecutivitaOk(passi, k));
-    if (attiva(3)) m = m & secondoPasso(interruzioniOk(passi | bit, k), interruzioniOk(passi, k));
-    if (attiva(9)) m = m & secondoParita(gruppiOk(parita | bit, k), gruppiOk(parita, k));
+    const size_t inizio = inizioVerdetti_[k][0];
+    if (attiva(2) || attiva(3)) m = m & secondoPasso(!rifiutoPassi_[inizio + (passi | bit)], !rifiutoPassi_[inizio + passi]);
+    if (attiva(9))
+        m = m & secondoParita(!(rifiutoPari_[inizio + (parita | bit)] & Rifiuto9),
+                              !(rifiutoPari_[inizio + parita] & Rifiuto9));
     if (m.vuota()) return true;
     if (attiva(4)) {
         for (size_t f = 1; f < filtri_.size(); ++f) {
@@ -780,8 +832,9 @@ bool FiltroCondizioni::ultimoLivello(const uint8_t* N, const int* L, int k, int 
     if (attiva(6)) {
         m = m & postiTra(c.SommaGlobale[1] - somma, c.SommaGlobale[2] - somma);
     }
-    if (attiva(7)) m = m & secondoParita(pariDispariOk(parita | bit, k), pariDispariOk(parita, k));
-    if (attiva(10)) m = m & secondoParita(interruzioniPDOk(parita | bit, k), interruzioniPDOk(parita, k));
+    if (attiva(7) || attiva(10))
+        m = m & secondoParita(!(rifiutoPari_[inizio + (parita | bit)] & (Rifiuto7 | Rifiuto10)),
+                              !(rifiutoPari_[inizio + parita] & (Rifiuto7 | Rifiuto10)));
     if (m.vuota()) return true;
     if (attiva(12)) {
         if (k > 5) return false;  // every candidate still here runs off the signs' table

@@ -48,6 +48,9 @@ private:
     bool pariDispariOk(unsigned pari, int k) const;
     bool interruzioniPDOk(unsigned pari, int k) const;
     bool mediaOk(int sommaValori, int sommaRitardi, int k) const;
+    bool prefissoPassiFallisce(unsigned passi, int len, int resto) const;
+    bool prefissoPariFallisce(unsigned pari, int len, int resto) const;
+    void costruisciVerdetti();
     bool sezioneOk(const Sezione& s, const uint8_t* N, unsigned passi, int k, bool ultimoDentro) const;
     // The places of the forecast whose numbers lie in da..a.
     Maschera postiTra(int da, int a) const;
@@ -71,6 +74,11 @@ private:
     uint16_t gruppiPari_ = 0, gruppiDispari_ = 0;
     uint16_t interruzioni_ = 0, interruzioniPD_ = 0;  // bit t: t interruptions allowed
     enum : uint8_t { Rifiutata, Accettata, Errore };
+    // Which tests refuse a pattern of steps or of parities (bit j for number j), for
+    // `len` numbers with `resto` to come: at inizioVerdetti_[len][resto] + pattern.
+    enum : uint8_t { Rifiuto2 = 1, Rifiuto3 = 2, Rifiuto9 = 4, Rifiuto7 = 8, Rifiuto10 = 16 };
+    uint16_t inizioVerdetti_[11][11] = {};
+    std::vector<uint8_t> rifiutoPassi_, rifiutoPari_;
     uint8_t esitoSequele_[6][32] = {};  // [k][parities, bit j for number j even]
 
     // The same sets over the places of the forecast, for the last number's level.
