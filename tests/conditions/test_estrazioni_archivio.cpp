@@ -113,14 +113,6 @@ Passata RitardiAttesi(const std::vector<EstrazioneLetta>& d, int ruotaGiocata, l
     return r;
 }
 
-int NumeroErrore(const std::function<void()>& f) {
-    try {
-        f();
-    } catch (const ErroreEsecuzione& e) {
-        return e.numero;
-    }
-    return 0;
-}
 
 }  // namespace
 
@@ -176,17 +168,17 @@ TEST(EstrazioniArchivio, UnGuastoDelDatabaseEUnErroreDiEsecuzione) {
     auto a = prova::ArchivioCon(dir / "archivio.db", prova::EstrazioniAMano());
     EstrazioniArchivio archivio(*a);
     a->db().exec("DROP TABLE estrazioni");
-    EXPECT_EQ(NumeroErrore([&] { archivio.numeroEstrazioni(); }), 3000);
-    EXPECT_EQ(NumeroErrore([&] { archivio.daId(1); }), 3000);
+    EXPECT_EQ(prova::NumeroErrore([&] { archivio.numeroEstrazioni(); }), 3000);
+    EXPECT_EQ(prova::NumeroErrore([&] { archivio.daId(1); }), 3000);
     // Acceptance has no trap of its own: the failure reaches the caller...
     Banco b(archivio, 0);
     b.f.chkAttivo[12] = 1;
-    EXPECT_EQ(NumeroErrore([&] { b.f.CliccaAccetta(); }), 3000);
+    EXPECT_EQ(prova::NumeroErrore([&] { b.f.CliccaAccetta(); }), 3000);
     // ...while the frequency and delay passes end quietly.
     b.f.chkAttivo[12] = 0;
     b.f.chkAttivo[14] = 1;
     b.f.txtUltimeEstrazioni = "3";
-    EXPECT_EQ(NumeroErrore([&] { b.f.CliccaAccetta(); }), 0);
+    EXPECT_EQ(prova::NumeroErrore([&] { b.f.CliccaAccetta(); }), 0);
     for (int x = 1; x <= 90; ++x) EXPECT_EQ(b.f.condizioni()->ValoriNumeri[x], 0);
 }
 
@@ -233,12 +225,12 @@ TEST(EstrazioniArchivio, UnNulloNelleColonneEUnErroreNonIntercettato) {
     Banco bari(archivio, 0);
     bari.f.chkAttivo[12] = 1;
     bari.f.txtNcolonne = "11";
-    EXPECT_EQ(NumeroErrore([&] { bari.f.CliccaAccetta(); }), 94);
+    EXPECT_EQ(prova::NumeroErrore([&] { bari.f.CliccaAccetta(); }), 94);
     // Nazionale over the oldest draws, which have none.
     Banco naz(archivio, 10);
     naz.f.chkAttivo[12] = 1;
     naz.f.txtNcolonne = "10";
-    EXPECT_EQ(NumeroErrore([&] { naz.f.CliccaAccetta(); }), 94);
+    EXPECT_EQ(prova::NumeroErrore([&] { naz.f.CliccaAccetta(); }), 94);
 }
 
 TEST(EstrazioniArchivio, TutteLasciaSoloVenezia) {

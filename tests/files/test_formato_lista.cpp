@@ -5,6 +5,7 @@
 #include "core/errori.h"
 #include "core/lista.h"
 #include "files/formato_lista.h"
+#include "support/prova_sistema.h"
 
 #include <gtest/gtest.h>
 
@@ -39,16 +40,6 @@ std::string Leggi(const std::string& f) {
     return ss.str();
 }
 
-// The number of the run-time error `f` raises, 0 if none.
-template <class F>
-int Errore(F&& f) {
-    try {
-        f();
-    } catch (const ErroreEsecuzione& e) {
-        return e.numero;
-    }
-    return 0;
-}
 
 }  // namespace
 
@@ -91,16 +82,16 @@ TEST(FormatoLista, CampiLettiComeLIstruzioneDiInputLiLegge) {
         EXPECT_EQ(r.intero(-100, 100), 2);
         EXPECT_EQ(r.intero(-100, 100), 4);
         EXPECT_EQ(r.intero(-100, 100), 7);
-        EXPECT_EQ(Errore([&] { r.intero(-100, 100); }), errori::InputOltreFine);
+        EXPECT_EQ(prova::NumeroErrore([&] { r.intero(-100, 100); }), errori::InputOltreFine);
     }
     // another form, a value out of its type
     {
         std::string b = "abc\r\n\"12\"\r\n70000\r\n1 2\r\n";
         LettoreLista r(b.data(), b.size());
-        EXPECT_EQ(Errore([&] { r.intero(INT16_MIN, INT16_MAX); }), errori::TipoNonCorrispondente);
-        EXPECT_EQ(Errore([&] { r.intero(INT16_MIN, INT16_MAX); }), errori::TipoNonCorrispondente);
-        EXPECT_EQ(Errore([&] { r.intero(INT16_MIN, INT16_MAX); }), errori::Overflow);
-        EXPECT_EQ(Errore([&] { r.intero(INT16_MIN, INT16_MAX); }), errori::TipoNonCorrispondente);
+        EXPECT_EQ(prova::NumeroErrore([&] { r.intero(INT16_MIN, INT16_MAX); }), errori::TipoNonCorrispondente);
+        EXPECT_EQ(prova::NumeroErrore([&] { r.intero(INT16_MIN, INT16_MAX); }), errori::TipoNonCorrispondente);
+        EXPECT_EQ(prova::NumeroErrore([&] { r.intero(INT16_MIN, INT16_MAX); }), errori::Overflow);
+        EXPECT_EQ(prova::NumeroErrore([&] { r.intero(INT16_MIN, INT16_MAX); }), errori::TipoNonCorrispondente);
     }
     // texts: quoted up to the next quote (commas inside kept), unquoted up to a
     // comma, Windows-1252 turned into UTF-8, a text without its closing quote
@@ -112,7 +103,7 @@ TEST(FormatoLista, CampiLettiComeLIstruzioneDiInputLiLegge) {
         EXPECT_EQ(r.testo(), "b c");
         EXPECT_EQ(r.testo(), "è");
         EXPECT_EQ(r.testo(), "aperta");
-        EXPECT_EQ(Errore([&] { r.testo(); }), errori::InputOltreFine);
+        EXPECT_EQ(prova::NumeroErrore([&] { r.testo(); }), errori::InputOltreFine);
     }
     // booleans and currency
     {
@@ -122,13 +113,13 @@ TEST(FormatoLista, CampiLettiComeLIstruzioneDiInputLiLegge) {
         EXPECT_FALSE(r.booleano());
         EXPECT_TRUE(r.booleano());
         EXPECT_FALSE(r.booleano());
-        EXPECT_EQ(Errore([&] { r.booleano(); }), errori::TipoNonCorrispondente);
+        EXPECT_EQ(prova::NumeroErrore([&] { r.booleano(); }), errori::TipoNonCorrispondente);
         EXPECT_EQ(r.valuta(), Currency::daDecimillesimi(15000));
         EXPECT_EQ(r.valuta(), Currency::daDecimillesimi(-500));
         EXPECT_EQ(r.valuta(), Currency::daInteri(3));
         EXPECT_EQ(r.valuta(), Currency::daInteri(1));  // "1,5" is two fields: 1 and 5
         EXPECT_EQ(r.valuta(), Currency::daInteri(5));
-        EXPECT_EQ(Errore([&] { r.valuta(); }), errori::TipoNonCorrispondente);
+        EXPECT_EQ(prova::NumeroErrore([&] { r.valuta(); }), errori::TipoNonCorrispondente);
     }
 }
 
@@ -171,8 +162,8 @@ TEST(FormatoLista, NumeriInBloccoComeLettiUnoAllaVolta) {
         const int64_t quanti = 1 + rng() % 45;
         std::vector<uint8_t> blocco(quanti, 0xEE), uno(quanti, 0xEE);
         LettoreLista a(b.data(), b.size()), c(b.data(), b.size());
-        int ea = Errore([&] { a.numeri(blocco.data(), quanti); });
-        int ec = Errore([&] {
+        int ea = prova::NumeroErrore([&] { a.numeri(blocco.data(), quanti); });
+        int ec = prova::NumeroErrore([&] {
             for (int64_t i = 0; i < quanti; ++i) uno[i] = static_cast<uint8_t>(c.intero(0, 255));
         });
         ASSERT_EQ(ea, ec) << prova;
@@ -189,8 +180,8 @@ TEST(FormatoLista, RigheInBloccoComeLetteUnaAllaVolta) {
         ListaGiocate blocco, una;
         LettoreLista a(b.data(), b.size()), c(b.data(), b.size());
         int chiamate = 0;
-        int ea = Errore([&] { a.righe(blocco, quante, [&] { ++chiamate; }); });
-        int ec = Errore([&] {
+        int ea = prova::NumeroErrore([&] { a.righe(blocco, quante, [&] { ++chiamate; }); });
+        int ec = prova::NumeroErrore([&] {
             for (long long i = 0; i < quante; ++i) una.AddItem(c.testo());
         });
         ASSERT_EQ(ea, ec) << prova;
@@ -263,16 +254,16 @@ TEST(FormatoLista, UnSalvataggioFallitoLasciaIlFileDiPrimaEdErroriDelRunTime) {
     EXPECT_TRUE(fs::is_symlink(c.file("link.zfr")));
     EXPECT_EQ(Leggi(f), "4\r\n");
 
-    EXPECT_EQ(Errore([&] { ScrittoreLista w(c.file("manca/x.zfr")); }), 76);
-    EXPECT_EQ(Errore([&] { ScrittoreLista w(c.p.string()); }), 75);
-    EXPECT_EQ(Errore([&] { FileInLettura r(c.file("manca.zfr")); }), errori::FileNonTrovato);
-    EXPECT_EQ(Errore([&] { FileInLettura r(c.p.string()); }), 75);
+    EXPECT_EQ(prova::NumeroErrore([&] { ScrittoreLista w(c.file("manca/x.zfr")); }), 76);
+    EXPECT_EQ(prova::NumeroErrore([&] { ScrittoreLista w(c.p.string()); }), 75);
+    EXPECT_EQ(prova::NumeroErrore([&] { FileInLettura r(c.file("manca.zfr")); }), errori::FileNonTrovato);
+    EXPECT_EQ(prova::NumeroErrore([&] { FileInLettura r(c.p.string()); }), 75);
     {
         std::ofstream(c.file("vuoto.zfr"));
         FileInLettura r(c.file("vuoto.zfr"));
         EXPECT_EQ(r.lunghezza(), 0u);
         LettoreLista l(r.fd(), r.lunghezza());
-        EXPECT_EQ(Errore([&] { l.intero(0, 1); }), errori::InputOltreFine);
+        EXPECT_EQ(prova::NumeroErrore([&] { l.intero(0, 1); }), errori::InputOltreFine);
     }
 }
 
@@ -293,7 +284,7 @@ std::vector<Passo> Leggi(LettoreLista& r, uint32_t seme) {
         Passo p;
         const int tipo = static_cast<int>(rng() % 6);
         const int quanti = 1 + static_cast<int>(rng() % 9);
-        p.errore = Errore([&] {
+        p.errore = prova::NumeroErrore([&] {
             switch (tipo) {
                 case 0: p.valore = std::to_string(r.intero(-100000, 100000)); break;
                 case 1: p.valore = r.testo(); break;

@@ -1,6 +1,7 @@
 // Small helpers shared by the tests: a forecast set as the pad would set it.
 #pragma once
 
+#include "core/errori.h"
 #include "core/sistema.h"
 
 #include <vector>
@@ -20,6 +21,17 @@ inline std::vector<int> Numeri(int n, int passo = 1, int primo = 1) {
     std::vector<int> v;
     for (int i = 0; i < n; ++i) v.push_back(primo + i * passo);
     return v;
+}
+
+// The number of the run-time error `f` raises, 0 if none.
+template <class F>
+int NumeroErrore(F&& f) {
+    try {
+        f();
+    } catch (const ErroreEsecuzione& e) {
+        return e.numero;
+    }
+    return 0;
 }
 
 // Fixes the decimal separator for the life of the object.
