@@ -733,6 +733,13 @@ int FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, in
 }
 
 
+// No test on: RECUPERO alone never refuses.
+bool FiltroCondizioni::accettaTutte() const {
+    for (int i = 1; i <= 15; ++i)
+        if (i != 14 && attiva(i)) return false;
+    return true;
+}
+
 Maschera FiltroCondizioni::postiTra(int da, int a) const {
     // the forecast rises, so the numbers of an interval sit on an interval of places
     if (da < 1) da = 1;

@@ -31,6 +31,7 @@ public:
     bool accetta(const uint8_t* numeri, const int* livelli, int k) const override;
     int scartaPrefisso(const uint8_t* numeri, const int* livelli, int lunghezza, int k) const override;
     bool ultimoLivello(const uint8_t* numeri, const int* livelli, int k, int n, Maschera& ammessi) const override;
+    bool accettaTutte() const override;
     std::unique_ptr<FiltroColonna> clona() const override { return std::make_unique<FiltroCondizioni>(*this); }
 
     const Condizioni& condizioni() const { return c_; }

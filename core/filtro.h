@@ -44,6 +44,10 @@ public:
         return false;
     }
 
+    // After `prepara`: true when every candidate passes and none raises an error, so
+    // the pass may go as if no filter were installed.
+    virtual bool accettaTutte() const { return false; }
+
     // A copy for another thread of the same pass (state that the test mutates is per copy).
     virtual std::unique_ptr<FiltroColonna> clona() const = 0;
 };

@@ -337,6 +337,7 @@ void SviluppaColonne(Sistema& s, Interfaccia& ui, const ParametriSviluppo& par) 
 
     std::shared_ptr<FiltroColonna> filtro = s.filtro;
     if (filtro) filtro->prepara(s);
+    if (filtro && filtro->accettaTutte()) filtro = nullptr;
     std::unique_ptr<FiltroColonna> copiaLocale = filtro ? filtro->clona() : nullptr;
 
     // A round is over: its columns are in the store (or come from `dati`). Returns

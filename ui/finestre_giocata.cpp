@@ -28,12 +28,19 @@ FinestreGiocata::FinestreGiocata(Sistema& s, Interfaccia& ui, QWidget* padre, vi
     menu18_->mostraForm17 = [this] { form17(); };
     form20_->mostraForm12 = [this] { vista12_->exec(); };
     form20_->mostraForm28 = [this] { apriForm28(); };
+    // A new forecast fits the conditions to it, and so brings the dialog's model to
+    // life if it was never opened: its constructor takes this hook over.
+    s_.ResettaCondizioni = [this] {
+        Form28& f = form28();
+        f.ResettaCondizioni();
+    };
 }
 
 FinestreGiocata::~FinestreGiocata() {
     // The view lets go of the model's hook before the model goes.
     vista28_.reset();
     form28_.reset();
+    s_.ResettaCondizioni = nullptr;
 }
 
 Form28& FinestreGiocata::form28() {

@@ -224,3 +224,29 @@ TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
     EXPECT_GT(decisi, 0);
     EXPECT_GT(salti, 0);
 }
+
+TEST(FiltroCondizioni, SenzaTestAttiviLoSviluppoVaComeSenzaFiltro) {
+    // RECUPERO alone refuses nothing; any other test may
+    Condizioni c;
+    FiltroCondizioni f(std::make_shared<Condizioni>(c));
+    const std::vector<int> pronostico{0, 3, 8, 21, 40, 55, 61, 77, 90};
+    f.preparaDa(c, pronostico, 8);
+    EXPECT_TRUE(f.accettaTutte());
+    c.CondizioneAttiva[14] = true;
+    f.preparaDa(c, pronostico, 8);
+    EXPECT_TRUE(f.accettaTutte());
+    for (int i = 1; i <= 15; ++i) {
+        if (i == 14) continue;
+        Condizioni d;
+        d.CondizioneAttiva[i] = true;
+        f.preparaDa(d, pronostico, 8);
+        EXPECT_FALSE(f.accettaTutte()) << i;
+    }
+    // and a development through the idle set gives what one without a filter gives
+    const std::vector<int> numeri(pronostico.begin() + 1, pronostico.end());
+    Esito con = Sviluppa(numeri, 4, std::make_shared<FiltroCondizioni>(std::make_shared<Condizioni>(c)), {0}, 100000, 2);
+    Esito senza = Sviluppa(numeri, 4, nullptr, {0}, 100000, 2);
+    EXPECT_EQ(con.NumColonne, 70);
+    EXPECT_EQ(con.colonne, senza.colonne);
+    EXPECT_EQ(con.ColonneEsaminate, senza.ColonneEsaminate);
+}

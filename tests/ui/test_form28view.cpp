@@ -391,3 +391,28 @@ TEST(Form28View, ApertoDaImpostaLeCondizioniConLArchivio) {
     w.apriForm28();
     EXPECT_EQ(aperture, 2);
 }
+
+TEST(Form28View, UnNuovoPronosticoAdattaLeCondizioniAncheADialogoMaiAperto) {
+    Sistema s;
+    InterfacciaScriptata ui;
+    QWidget principale;
+    prova::ImpostaPronostico(s, {5, 10, 15, 20, 25, 30});
+    s.SviluppoK = 3;
+    FinestreGiocata w(s, ui, &principale);
+    ASSERT_TRUE(s.ResettaCondizioni);
+    // what the main window runs after a change of the forecast
+    s.ResettaCondizioni();
+    EXPECT_EQ(w.form28().txtSomma[0], "30");  // 5 + 10 + 15
+    EXPECT_EQ(w.form28().txtSomma[1], "75");  // 20 + 25 + 30
+    EXPECT_EQ(w.form28().List1.size(), 6u);
+    ASSERT_NE(s.filtro, nullptr);
+    // the first showing appends its own copy of the forecast
+    int aperture = 0;
+    prova::AlProssimoModale<Form28View>([&](Form28View* d) {
+        ++aperture;
+        EXPECT_EQ(d->List1()->count(), 12);
+        Clic(d->axButton1());
+    });
+    w.apriForm28();
+    EXPECT_EQ(aperture, 1);
+}

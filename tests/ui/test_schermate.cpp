@@ -129,7 +129,6 @@ TEST(Schermate, Form23Form17EIlMenu) {
 
     Form18Menu m(s);
     m.popup(QPoint(0, 0));
-    std::printf("menu %d x %d hint %d x %d\n", m.width(), m.height(), m.sizeHint().width(), m.sizeHint().height());
     Verifica(&m, "form18");
     m.close();
 }
