@@ -19,6 +19,10 @@ namespace zef {
 // runs off its table (sequences from k = 6, six or more points on a filter column).
 bool FiltraColonna(const Condizioni& c, const uint8_t* numeri, const int* livelli, int k);
 
+// The parity sequences test alone, on N[1..k] (1-based): true when the column passes.
+// Raises error 9 from the sixth number on, or past the table of presences.
+bool Sequele(const Condizioni& c, const int* N, int k);
+
 class FiltroCondizioni : public FiltroColonna {
 public:
     // Reads the set through `sorgente` at each `prepara`: the dialog keeps editing it.
