@@ -33,8 +33,8 @@ public:
     void preparaDa(const Condizioni& c, const std::vector<int>& pronostico, int n);
 
     bool accetta(const uint8_t* numeri, const int* livelli, int k) const override;
-    int scartaPrefisso(const uint8_t* numeri, const int* livelli, int lunghezza, int k) const override;
-    bool ultimoLivello(const uint8_t* numeri, const int* livelli, int k, int n, Maschera& ammessi) const override;
+    int scartaPrefisso(const Prefisso& p, int k) const override;
+    bool ultimoLivello(const Prefisso& p, int k, int n, Maschera& ammessi) const override;
     bool accettaTutte() const override;
     std::unique_ptr<FiltroColonna> clona() const override { return std::make_unique<FiltroCondizioni>(*this); }
 

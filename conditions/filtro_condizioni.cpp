@@ -410,8 +410,11 @@ bool FiltroCondizioni::accetta(const uint8_t* N, const int* L, int k) const {
 // A prefix is judged only by tests whose verdict it already fixes. Tests from the
 // filter columns on judge it only when no candidate could run off the points table
 // first; nothing before the sequences can reach that test's failure.
-int FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, int k) const {
+int FiltroCondizioni::scartaPrefisso(const Prefisso& p, int k) const {
     const auto& c = c_;
+    const uint8_t* N = p.numeri;
+    const int* L = p.livelli;
+    const int len = p.lunghezza;
     const int resto = k - len;
     const int ultimo = N[len - 1];
     const int posto = L[len - 1];
@@ -422,8 +425,7 @@ int FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, in
 
     // the sum first: the most selective and the cheapest
     if (attiva(6) && !erroreFiltri && resto > 0 && prossimo + resto - 1 <= n_) {
-        int somma = 0;
-        for (int j = 0; j < len; ++j) somma += N[j];
+        const int somma = p.somma;
         const int alto = sommaPrima_[n_] - sommaPrima_[n_ - resto];  // the highest places
         const int minimo = somma + sommaPrima_[prossimo + resto - 1] - sommaPrima_[prossimo - 1];
         // the least sum grows with the place: the following places fail as well
@@ -468,14 +470,8 @@ int FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, in
             if (d > mx) return prossimo;
         }
     }
-    // the steps and the parities of the prefix, bit j for number j
-    unsigned passi = 0, pari = 0;
-    for (int j = 0; j < len; ++j) {
-        if (!(N[j] & 1)) pari |= 1u << j;
-        if (j && N[j] == N[j - 1] + 1) passi |= 1u << j;
-    }
     const size_t inizio = inizioVerdetti_[len][resto];
-    if (rifiutoPassi_[inizio + passi]) return prossimo;
+    if (rifiutoPassi_[inizio + p.passi]) return prossimo;
     if (erroreFiltri) return 0;
     if (attiva(13)) {
         if (comuni(archivio_, MascheraDi(N, len)) > 0) return prossimo;
@@ -488,7 +484,7 @@ int FiltroCondizioni::scartaPrefisso(const uint8_t* N, const int* L, int len, in
             if (presenze > s.max) return prossimo;
         }
     }
-    if (rifiutoPari_[inizio + pari]) return prossimo;
+    if (rifiutoPari_[inizio + p.pari]) return prossimo;
     return 0;
 }
 
@@ -512,8 +508,10 @@ Maschera FiltroCondizioni::postiTra(int da, int a) const {
 // the last number only through its value, its parity and whether it follows the one
 // before by one, so each test is asked once or twice on the prefix and gives a set
 // of places. The walk must stop where a candidate could run off a table first.
-bool FiltroCondizioni::ultimoLivello(const uint8_t* N, const int* L, int k, int n, Maschera& m) const {
+bool FiltroCondizioni::ultimoLivello(const Prefisso& p, int k, int n, Maschera& m) const {
     const auto& c = c_;
+    const uint8_t* N = p.numeri;
+    const int* L = p.livelli;
     const int posto = L[k - 2], ultimo = N[k - 2];
     m = Maschera::Intervallo(posto + 1, n);
     if (!crescente_ || n != n_) return false;
@@ -528,13 +526,8 @@ bool FiltroCondizioni::ultimoLivello(const uint8_t* N, const int* L, int k, int 
     auto secondoPasso = [&](bool con, bool senza) { return (con ? passo : nessuno) | (senza ? altri : nessuno); };
     auto secondoParita = [&](bool p, bool d) { return (p ? pari : nessuno) | (d ? dispari : nessuno); };
 
-    unsigned passi = 0, parita = 0;  // of the prefix
-    int somma = 0;
-    for (int j = 0; j < k - 1; ++j) {
-        somma += N[j];
-        if (!(N[j] & 1)) parita |= 1u << j;
-        if (j && N[j] == N[j - 1] + 1) passi |= 1u << j;
-    }
+    const unsigned passi = p.passi, parita = p.pari;
+    const int somma = p.somma;
     const unsigned bit = 1u << (k - 1);
     const Maschera prefisso = attiva(1) || attiva(4) || attiva(13) ? MascheraDi(N, k - 1) : Maschera{};
 

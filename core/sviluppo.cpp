@@ -153,6 +153,27 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
     liv[1] = t.i2;
     num[0] = c.numero[t.i1];
     num[1] = c.numero[t.i2];
+    // what the filter reads of the prefix up to each level, kept as the walk goes
+    int somma[KMax] = {};
+    unsigned passi[KMax] = {}, pari[KMax] = {};
+    auto segna = [&](int p) {
+        const int x = num[p];
+        const bool pr = !(x & 1);
+        if (p == 0) {
+            somma[0] = x;
+            passi[0] = 0;
+            pari[0] = pr ? 1u : 0u;
+            return;
+        }
+        somma[p] = somma[p - 1] + x;
+        passi[p] = passi[p - 1] | (x == num[p - 1] + 1 ? 1u << p : 0u);
+        pari[p] = pari[p - 1] | (pr ? 1u << p : 0u);
+    };
+    auto prefisso = [&](int lunghezza) {
+        return Prefisso{num, liv, lunghezza, somma[lunghezza - 1], passi[lunghezza - 1], pari[lunghezza - 1]};
+    };
+    segna(0);
+    segna(1);
 
     // Periodically looks at the stop request of the pass.
     auto fermato = [&](uint32_t passi) {
@@ -194,7 +215,7 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
     // meet them, so that a stop inside the level finds the counts of the plain walk.
     auto ultimoLivello = [&]() -> bool {
         Maschera ammessi;
-        const bool deciso = filtro ? filtro->ultimoLivello(num, liv, k, n, ammessi) : true;
+        const bool deciso = filtro ? filtro->ultimoLivello(prefisso(k - 1), k, n, ammessi) : true;
         if (!filtro) ammessi = Maschera::Intervallo(liv[k - 2] + 1, n);
         if (fermato(static_cast<uint32_t>(n - liv[k - 2]))) return false;
         if (deciso) {
@@ -240,7 +261,7 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
         candidato();
         return;
     }
-    if (filtro && filtro->scartaPrefisso(num, liv, 2, k)) {
+    if (filtro && filtro->scartaPrefisso(prefisso(2), k)) {
         e.esaminate += Binomiale(n - t.i2, k - 2);
         return;
     }
@@ -255,7 +276,8 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
         if (liv[p] < n - k + p + 1) {
             ++liv[p];
             num[p] = c.numero[liv[p]];
-            int salta = filtro ? filtro->scartaPrefisso(num, liv, p + 1, k) : 0;
+            segna(p);
+            int salta = filtro ? filtro->scartaPrefisso(prefisso(p + 1), k) : 0;
             if (salta) {
                 // the subtrees of places liv[p]..salta-1 at this level, by the hockey stick
                 salta = std::min(salta, n - k + p + 2);

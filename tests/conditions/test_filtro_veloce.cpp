@@ -177,7 +177,7 @@ TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
             // of a decided level holds one that passes
             {
                 Maschera ammessi;
-                const bool deciso = f.ultimoLivello(num, liv.data(), k, n, ammessi);
+                const bool deciso = f.ultimoLivello(Prefisso::Di(num, liv.data(), k - 1), k, n, ammessi);
                 if (!ammessi.contiene(liv[k - 1])) {
                     ++tagliati;
                     ASSERT_EQ(esitoA, 0) << nome << " ultimo " << liv[k - 1];
@@ -189,7 +189,7 @@ TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
             // a skipped prefix covers only candidates the plain filter refuses without
             // error, and so does the jump of an earlier place at the same level
             for (int len = 2; len < k; ++len) {
-                const int salta = f.scartaPrefisso(num, liv.data(), len, k);
+                const int salta = f.scartaPrefisso(Prefisso::Di(num, liv.data(), len), k);
                 if (salta) {
                     ++saltati;
                     ASSERT_GT(salta, liv[len - 1]) << nome;
@@ -201,7 +201,7 @@ TEST(FiltroCondizioni, UgualeAlFiltroLetteraleSuSviluppiCasuali) {
                 for (int q = liv[len - 2] + 1; q < liv[len - 1]; ++q) {
                     livFratello[len - 1] = q;
                     fratello[len - 1] = static_cast<uint8_t>(pronostico[q - 1]);
-                    if (f.scartaPrefisso(fratello, livFratello.data(), len, k) > liv[len - 1]) {
+                    if (f.scartaPrefisso(Prefisso::Di(fratello, livFratello.data(), len), k) > liv[len - 1]) {
                         ++salti;
                         ASSERT_EQ(esitoA, 0) << nome << " salto da " << q << " al livello " << len;
                         break;

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include <random>
 
 using namespace zef;
@@ -44,7 +46,14 @@ public:
         if (guasto && h % 997 == guasto % 997) throw errori::indiceFuoriIntervallo();
         return static_cast<int>(h % 100) < percentuale;
     }
-    int scartaPrefisso(const uint8_t* numeri, const int* livelli, int lunghezza, int) const override {
+    int scartaPrefisso(const Prefisso& p, int) const override {
+        const uint8_t* numeri = p.numeri;
+        const int* livelli = p.livelli;
+        const int lunghezza = p.lunghezza;
+        // what the walk keeps of the prefix is what the numbers say
+        const Prefisso intero = Prefisso::Di(numeri, livelli, lunghezza);
+        if (p.somma != intero.somma || p.passi != intero.passi || p.pari != intero.pari)
+            throw std::logic_error("prefisso tenuto male");
         if (!pota) return 0;
         for (int i = 0; i < lunghezza - 1; ++i)
             if (vietato(numeri[i])) return livelli[lunghezza - 1] + 1;
@@ -54,7 +63,12 @@ public:
         while (q <= static_cast<int>(pronostico.size()) && vietato(pronostico[q - 1])) ++q;
         return q;
     }
-    bool ultimoLivello(const uint8_t* numeri, const int* livelli, int k, int n, Maschera& ammessi) const override {
+    bool ultimoLivello(const Prefisso& p, int k, int n, Maschera& ammessi) const override {
+        const uint8_t* numeri = p.numeri;
+        const int* livelli = p.livelli;
+        const Prefisso intero = Prefisso::Di(numeri, livelli, k - 1);
+        if (p.lunghezza != k - 1 || p.somma != intero.somma || p.passi != intero.passi || p.pari != intero.pari)
+            throw std::logic_error("prefisso tenuto male");
         ammessi = {};
         uint8_t num[10];
         std::copy(numeri, numeri + k - 1, num);
