@@ -524,7 +524,7 @@ bool FiltroCondizioni::ultimoLivello(const Prefisso& p, int k, int n, Maschera& 
     const Maschera altri = meno(m, passo);
     const Maschera pari = postiPari_ & m, dispari = meno(m, postiPari_);
     auto secondoPasso = [&](bool con, bool senza) { return (con ? passo : nessuno) | (senza ? altri : nessuno); };
-    auto secondoParita = [&](bool p, bool d) { return (p ? pari : nessuno) | (d ? dispari : nessuno); };
+    auto secondoParita = [&](bool sePari, bool seDispari) { return (sePari ? pari : nessuno) | (seDispari ? dispari : nessuno); };
 
     const unsigned passi = p.passi, parita = p.pari;
     const int somma = p.somma;

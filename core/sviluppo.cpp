@@ -176,9 +176,9 @@ void ElaboraTurno(const Contesto& c, const Turno& t, const FiltroColonna* filtro
     segna(1);
 
     // Periodically looks at the stop request of the pass.
-    auto fermato = [&](uint32_t passi) {
+    auto fermato = [&](uint32_t candidati) {
         if (!interrompi) return false;
-        battito += passi;
+        battito += candidati;
         if (battito < 4096) return false;
         battito = 0;
         if (!interrompi->load(std::memory_order_relaxed)) return false;
