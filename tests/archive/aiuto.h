@@ -3,6 +3,7 @@
 
 #include "archive/archivio.h"
 #include "archive/date.h"
+#include "support/cartella.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
@@ -13,20 +14,6 @@
 #include <string>
 
 namespace zef::prova {
-
-struct CartellaTemporanea {
-    std::filesystem::path p;
-    CartellaTemporanea() {
-        std::random_device rd;
-        p = std::filesystem::temp_directory_path() / ("zef_archivio_" + std::to_string(rd()) + std::to_string(rd()));
-        std::filesystem::create_directories(p);
-    }
-    ~CartellaTemporanea() {
-        std::error_code ec;
-        std::filesystem::remove_all(p, ec);
-    }
-    std::string operator/(const std::string& nome) const { return (p / nome).string(); }
-};
 
 inline void ScriviFile(const std::string& percorso, const std::string& testo) {
     std::ofstream(percorso, std::ios::binary) << testo;

@@ -19,7 +19,7 @@
 #include <string>
 
 using namespace zef;
-using prova::CartellaProva;
+using prova::CartellaTemporanea;
 using prova::Esegui;
 using prova::Esito;
 
@@ -91,7 +91,7 @@ std::vector<std::string> Terzine(const std::vector<int>& numeri) {
 }  // namespace
 
 TEST(CliArchivio, LeColonneDelloSviluppoSuArchivioComeInProcesso) {
-    CartellaProva dir;
+    CartellaTemporanea dir;
     const auto draws = prova::EstrazioniAMano();
     prova::ArchivioCon(dir / "archivio.db", draws);
     Scrivi(dir / "cond.json", CondizioneArchivio);
@@ -117,7 +117,7 @@ TEST(CliArchivio, LeColonneDelloSviluppoSuArchivioComeInProcesso) {
 }
 
 TEST(CliArchivio, RitardiEFrequenzeComeInProcesso) {
-    CartellaProva dir;
+    CartellaTemporanea dir;
     const auto draws = prova::EstrazioniFormula(520);
     prova::ArchivioCon(dir / "archivio.db", draws);
     // Mean delay 0..15 of the last 501 draws, mean frequency (over 41) at least 3 or at most 1.
@@ -138,7 +138,7 @@ TEST(CliArchivio, RitardiEFrequenzeComeInProcesso) {
 }
 
 TEST(CliArchivio, RuotaFuoriIntervalloEArchivioMancante) {
-    CartellaProva dir;
+    CartellaTemporanea dir;
     prova::ArchivioCon(dir / "archivio.db", prova::EstrazioniAMano());
     Scrivi(dir / "cond.json", CondizioneArchivio);
     Scrivi(dir / "testo.db", "questo non è un archivio\n");
@@ -169,7 +169,7 @@ TEST(CliArchivio, RuotaFuoriIntervalloEArchivioMancante) {
 }
 
 TEST(CliArchivio, UnNulloNelleColonneDaUnErroreNonUnCrash) {
-    CartellaProva dir;
+    CartellaTemporanea dir;
     prova::ArchivioCon(dir / "archivio.db", prova::EstrazioniAMano());
     // Nazionale over ids 2..11 meets the draws that have none.
     Scrivi(dir / "cond.json", R"({"chkAttivo": [0,0,0,0,0,0,0,0,0,0,0,0,1,0,0], "txtNcolonne": "10"})");
@@ -181,7 +181,7 @@ TEST(CliArchivio, UnNulloNelleColonneDaUnErroreNonUnCrash) {
 
 TEST(CliArchivio, SenzaOpzioneLArchivioDelProgrammaSoloSeServe) {
     // A copy of the program in a folder of its own, with the shipped draws beside it.
-    CartellaProva dir;
+    CartellaTemporanea dir;
     namespace fs = std::filesystem;
     fs::copy_file(std::string(ZEF_DATI_BIN) + "/zefiranto-cli", dir / "zefiranto-cli");
     fs::copy_file(std::string(ZEF_DATI_BIN) + "/storico.txt.gz", dir / "storico.txt.gz");

@@ -1,6 +1,7 @@
 // zefiranto-cli lista and info on saved systems: the program's own, one typed by
 // hand as the old platform wrote it, and bad ones.
 
+#include "support/cartella.h"
 #include "support/esegui_cli.h"
 
 #include <gtest/gtest.h>
@@ -19,12 +20,7 @@ using zef::prova::Esito;
 
 namespace {
 
-struct Cartella {
-    std::filesystem::path p = std::filesystem::temp_directory_path() / ("zef_cli_file_" + std::to_string(::getpid()));
-    Cartella() { std::filesystem::create_directories(p); }
-    ~Cartella() { std::filesystem::remove_all(p); }
-    std::string file(const std::string& n) const { return (p / n).string(); }
-};
+using Cartella = zef::prova::CartellaTemporanea;
 
 }  // namespace
 

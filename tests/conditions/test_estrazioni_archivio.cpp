@@ -16,7 +16,7 @@
 #include <climits>
 
 using namespace zef;
-using prova::CartellaProva;
+using prova::CartellaTemporanea;
 
 namespace {
 
@@ -117,7 +117,7 @@ Passata RitardiAttesi(const std::vector<EstrazioneLetta>& d, int ruotaGiocata, l
 }  // namespace
 
 TEST(EstrazioniArchivio, LeStesseRisposteDellaListaInMemoria) {
-    CartellaProva dir;
+    CartellaTemporanea dir;
     auto draws = prova::EstrazioniAMano();
     auto a = prova::ArchivioCon(dir / "archivio.db", draws);
     EstrazioniArchivio archivio(*a);
@@ -148,7 +148,7 @@ TEST(EstrazioniArchivio, LeStesseRisposteDellaListaInMemoria) {
 }
 
 TEST(EstrazioniArchivio, RigheInOrdineDiIdAncheSeInseriteAllaRinfusa) {
-    CartellaProva dir;
+    CartellaTemporanea dir;
     auto draws = prova::EstrazioniAMano();
     std::vector<EstrazioneLetta> mescolate = {draws[7], draws[2], draws[11], draws[0], draws[5]};
     auto a = prova::ArchivioCon(dir / "archivio.db", mescolate);
@@ -164,7 +164,7 @@ TEST(EstrazioniArchivio, RigheInOrdineDiIdAncheSeInseriteAllaRinfusa) {
 }
 
 TEST(EstrazioniArchivio, UnGuastoDelDatabaseEUnErroreDiEsecuzione) {
-    CartellaProva dir;
+    CartellaTemporanea dir;
     auto a = prova::ArchivioCon(dir / "archivio.db", prova::EstrazioniAMano());
     EstrazioniArchivio archivio(*a);
     a->db().exec("DROP TABLE estrazioni");
@@ -183,7 +183,7 @@ TEST(EstrazioniArchivio, UnGuastoDelDatabaseEUnErroreDiEsecuzione) {
 }
 
 TEST(EstrazioniArchivio, ColonneDellArchivioPerUnaRuota) {
-    CartellaProva dir;
+    CartellaTemporanea dir;
     const auto draws = prova::EstrazioniAMano();
     auto a = prova::ArchivioCon(dir / "archivio.db", draws);
     EstrazioniArchivio archivio(*a);
@@ -218,7 +218,7 @@ TEST(EstrazioniArchivio, ColonneDellArchivioPerUnaRuota) {
 }
 
 TEST(EstrazioniArchivio, UnNulloNelleColonneEUnErroreNonIntercettato) {
-    CartellaProva dir;
+    CartellaTemporanea dir;
     auto a = prova::ArchivioCon(dir / "archivio.db", prova::EstrazioniAMano());
     EstrazioniArchivio archivio(*a);
     // Bari over the whole archive meets the null third number of draw 2.
@@ -234,7 +234,7 @@ TEST(EstrazioniArchivio, UnNulloNelleColonneEUnErroreNonIntercettato) {
 }
 
 TEST(EstrazioniArchivio, TutteLasciaSoloVenezia) {
-    CartellaProva dir;
+    CartellaTemporanea dir;
     const auto draws = prova::EstrazioniAMano();
     auto a = prova::ArchivioCon(dir / "archivio.db", draws);
     EstrazioniArchivio archivio(*a);
@@ -265,7 +265,7 @@ TEST(EstrazioniArchivio, TutteLasciaSoloVenezia) {
 }
 
 TEST(EstrazioniArchivio, ColonneDopoUnBucoNegliId) {
-    CartellaProva dir;
+    CartellaTemporanea dir;
     auto draws = prova::EstrazioniAMano();
     draws.erase(draws.begin() + 4);  // id 5 deleted: 11 draws, ids up to 12
     auto a = prova::ArchivioCon(dir / "archivio.db", draws);
@@ -282,7 +282,7 @@ TEST(EstrazioniArchivio, ColonneDopoUnBucoNegliId) {
 }
 
 TEST(EstrazioniArchivio, FrequenzeERitardiSuUnArchivioLungo) {
-    CartellaProva dir;
+    CartellaTemporanea dir;
     // 530 draws (the delay pass always reads 501); a null in Venezia2 of draw 400
     auto draws = prova::EstrazioniFormula(530);
     draws[399].numeri[9 * 5 + 1] = 0;
@@ -325,7 +325,7 @@ TEST(EstrazioniArchivio, FrequenzeERitardiSuUnArchivioLungo) {
 }
 
 TEST(EstrazioniArchivio, PassateChiamateDirettamenteSuPocheEstrazioni) {
-    CartellaProva dir;
+    CartellaTemporanea dir;
     const auto draws = prova::EstrazioniAMano();
     auto a = prova::ArchivioCon(dir / "archivio.db", draws);
     EstrazioniArchivio archivio(*a);

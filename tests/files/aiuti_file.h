@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/interfaccia_scriptata.h"
+#include "support/cartella.h"
 
 #include <unistd.h>
 
@@ -15,17 +16,7 @@
 
 namespace zef::prova {
 
-struct Cartella {
-    std::filesystem::path p;
-    Cartella() {
-        static std::atomic<int> n{0};
-        p = std::filesystem::temp_directory_path() /
-            ("zef_zfr_" + std::to_string(::getpid()) + "_" + std::to_string(n++));
-        std::filesystem::create_directories(p);
-    }
-    ~Cartella() { std::filesystem::remove_all(p); }
-    std::string file(const std::string& n) const { return (p / n).string(); }
-};
+using Cartella = CartellaTemporanea;
 
 inline std::string LeggiFile(const std::string& f) {
     std::ifstream in(f, std::ios::binary);

@@ -5,6 +5,7 @@
 #include "core/errori.h"
 #include "core/lista.h"
 #include "files/formato_lista.h"
+#include "support/cartella.h"
 #include "support/prova_sistema.h"
 
 #include <gtest/gtest.h>
@@ -23,15 +24,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-struct Cartella {
-    fs::path p;
-    Cartella() {
-        p = fs::temp_directory_path() / ("zef_formato_" + std::to_string(::getpid()));
-        fs::create_directories(p);
-    }
-    ~Cartella() { fs::remove_all(p); }
-    std::string file(const std::string& n) const { return (p / n).string(); }
-};
+using Cartella = prova::CartellaTemporanea;
 
 std::string Leggi(const std::string& f) {
     std::ifstream in(f, std::ios::binary);

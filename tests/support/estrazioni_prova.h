@@ -3,6 +3,7 @@
 // archive's own creation path) and in the in-memory list.
 #pragma once
 
+#include "support/cartella.h"
 #include "archive/archivio.h"
 #include "conditions/fonte_estrazioni.h"
 
@@ -12,23 +13,6 @@
 #include <vector>
 
 namespace zef::prova {
-
-// A folder of its own under the system's temporary folder, removed with its files.
-struct CartellaProva {
-    std::filesystem::path p;
-    CartellaProva() {
-        std::random_device rd;
-        p = std::filesystem::temp_directory_path() / ("zef_estrazioni_" + std::to_string(rd()) + std::to_string(rd()));
-        std::filesystem::create_directories(p);
-    }
-    ~CartellaProva() {
-        std::error_code ec;
-        std::filesystem::remove_all(p, ec);
-    }
-    CartellaProva(const CartellaProva&) = delete;
-    CartellaProva& operator=(const CartellaProva&) = delete;
-    std::string operator/(const std::string& nome) const { return (p / nome).string(); }
-};
 
 inline void Imposta(EstrazioneLetta& e, int ruota, std::array<int, 5> numeri) {
     for (int p = 1; p <= 5; ++p) e.numeri[(ruota - 1) * 5 + p - 1] = static_cast<int16_t>(numeri[p - 1]);
