@@ -38,13 +38,22 @@ void Sviluppa(benchmark::State& st, Sistema& s, int64_t atteso) {
     if (atteso >= 0 && s.NumColonne != atteso) st.SkipWithError("conteggio diverso dall'atteso");
 }
 
-void BM_SestineCondizioniTipiche(benchmark::State& st) {
+// A forecast of the first n numbers in columns of k, and the conditions dialog over it
+// as a user finds it on opening.
+struct Banco {
     Sistema s;
     InterfacciaScriptata ui;
-    Pronostico(s, 90, 6);
-    Form28 f(s, ui);
-    f.ResettaCondizioni();
-    f.attiva();
+    Form28 f;
+    Banco(int n, int k) : f((Pronostico(s, n, k), s), ui) {
+        f.ResettaCondizioni();
+        f.attiva();
+    }
+};
+
+void BM_SestineCondizioniTipiche(benchmark::State& st) {
+    Banco b(90, 6);
+    Sistema& s = b.s;
+    Form28& f = b.f;
     f.chkAttivo[1] = f.chkAttivo[5] = f.chkAttivo[6] = 1;
     f.txtSomma = {"266", "280"};
     f.txtPariMin = f.txtPariMax = f.txtDispariMin = f.txtDispariMax = "3";
@@ -60,9 +69,9 @@ BENCHMARK(BM_SestineCondizioniTipiche)->Unit(benchmark::kMillisecond)->Iteration
 // Every test on, limits loose enough that most candidates go deep; k = 5 so that
 // the sequences can run.
 void BM_CinquineTutteLeCondizioni(benchmark::State& st) {
-    Sistema s;
-    InterfacciaScriptata ui;
-    Pronostico(s, static_cast<int>(st.range(0)), 5);
+    Banco b(static_cast<int>(st.range(0)), 5);
+    Sistema& s = b.s;
+    Form28& f = b.f;
     EstrazioniInMemoria mem;
     for (int i = 1; i <= 600; ++i) {
         EstrazioneLetta e;
@@ -71,10 +80,7 @@ void BM_CinquineTutteLeCondizioni(benchmark::State& st) {
             for (int p = 1; p <= 5; ++p) e.numeri[(r - 1) * 5 + p - 1] = static_cast<int16_t>((i * 37 + r * 11 + p * 17) % 90 + 1);
         mem.righe.push_back(e);
     }
-    Form28 f(s, ui);
     f.archivio = &mem;
-    f.ResettaCondizioni();
-    f.attiva();
     f.chkAttivo.fill(1);
     f.chkAttivo[0] = 0;  // no fixed number
     f.txtDistanzaMax = "84";
@@ -101,12 +107,9 @@ BENCHMARK(BM_CinquineTutteLeCondizioni)->Arg(60)->Arg(90)->Unit(benchmark::kMill
 // limit: neighbours 5 to 12 apart, sum 450..460, five even and five odd, no two
 // consecutive numbers.
 void BM_DecineTutteLeCandidate(benchmark::State& st) {
-    Sistema s;
-    InterfacciaScriptata ui;
-    Pronostico(s, 90, 10);
-    Form28 f(s, ui);
-    f.ResettaCondizioni();
-    f.attiva();
+    Banco b(90, 10);
+    Sistema& s = b.s;
+    Form28& f = b.f;
     f.chkAttivo[1] = f.chkAttivo[5] = f.chkAttivo[6] = f.chkAttivo[7] = 1;
     f.txtDistanzaMin = "5";
     f.txtDistanzaMax = "12";
