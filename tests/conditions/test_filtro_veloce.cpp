@@ -1,6 +1,7 @@
 // The installed filter (flat tables, prefix skips, worker threads of the development)
 // against the plain FiltraColonna over every candidate of small developments.
 #include "conditions/filtra_colonna.h"
+#include "conditions/form28.h"
 #include "core/errori.h"
 #include "core/form4.h"
 #include "core/interfaccia_scriptata.h"
@@ -249,4 +250,41 @@ TEST(FiltroCondizioni, SenzaTestAttiviLoSviluppoVaComeSenzaFiltro) {
     EXPECT_EQ(con.NumColonne, 70);
     EXPECT_EQ(con.colonne, senza.colonne);
     EXPECT_EQ(con.ColonneEsaminate, senza.ColonneEsaminate);
+}
+
+TEST(FiltroCondizioni, SestineDiNovantaConLeCondizioniTipiche) {
+    // Somma 266..280, three even and three odd, at most one step: the count a user of
+    // such a program knows for this set, over all C(90, 6) candidates
+    Sistema s;
+    InterfacciaScriptata ui;
+    prova::ImpostaPronostico(s, prova::Numeri(90));
+    s.SviluppoK = 6;
+    Form28 f(s, ui);
+    f.ResettaCondizioni();
+    f.attiva();
+    f.chkAttivo[1] = f.chkAttivo[5] = f.chkAttivo[6] = 1;
+    f.txtSomma = {"266", "280"};
+    f.txtPariMin = f.txtPariMax = f.txtDispariMin = f.txtDispariMax = "3";
+    f.Combo1 = 0;
+    f.Combo2 = 1;
+    f.Combo3 = 1;
+    f.CliccaAccetta();
+    s.colonne.dimensiona(6);
+    MostraForm4(s, ui);
+    SviluppaColonne(s, ui);
+    ASSERT_EQ(s.NumColonne, 16'988'879);
+    EXPECT_EQ(s.ColonneEsaminate, 622'614'630);
+    EXPECT_TRUE(ui.box.empty());
+    // in the order of the walk, each one passing the plain filter
+    const Condizioni& c = *f.condizioni();
+    int livelli[6] = {};
+    for (int32_t i = 1; i <= s.NumColonne; i += 997) {
+        const uint8_t* col = s.colonne.colonna(i);
+        for (int j = 0; j < 6; ++j) livelli[j] = col[j];
+        ASSERT_TRUE(FiltraColonna(c, col, livelli, 6)) << "colonna " << i;
+        if (i > 1) {
+            const uint8_t* prima = s.colonne.colonna(i - 1);
+            ASSERT_TRUE(std::lexicographical_compare(prima, prima + 6, col, col + 6)) << "colonna " << i;
+        }
+    }
 }
