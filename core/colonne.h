@@ -6,6 +6,7 @@
 // popcount.
 #pragma once
 
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -38,12 +39,8 @@ struct Maschera {
         if (da > a) return {};
         return meno(FinoA(a), FinoA(da - 1));
     }
-    // The numbers 1..a.
-    static Maschera FinoA(int a) {
-        if (a <= 0) return {};
-        if (a <= 64) return {a == 64 ? ~uint64_t{0} : (uint64_t{1} << a) - 1, 0};
-        return {~uint64_t{0}, a >= 90 ? (uint64_t{1} << 26) - 1 : (uint64_t{1} << (a - 64)) - 1};
-    }
+    // The numbers 1..a (none for a <= 0, all for a >= 90).
+    static Maschera FinoA(int a);
     // Calls f(n) for each member, ascending; stops when f returns false.
     template <class F>
     bool perOgni(F&& f) const {
@@ -56,6 +53,20 @@ struct Maschera {
     // Numbers the two sets share.
     friend int comuni(Maschera a, Maschera b) { return (a & b).conta(); }
 };
+
+namespace detail {
+inline constexpr auto TabellaFinoA = [] {
+    std::array<Maschera, 91> t{};
+    for (int a = 1; a <= 90; ++a) {
+        t[a] = t[a - 1];
+        if (a <= 64) t[a].lo |= uint64_t{1} << (a - 1);
+        else t[a].hi |= uint64_t{1} << (a - 65);
+    }
+    return t;
+}();
+}  // namespace detail
+
+inline Maschera Maschera::FinoA(int a) { return detail::TabellaFinoA[a <= 0 ? 0 : a >= 90 ? 90 : a]; }
 
 inline Maschera MascheraDi(const uint8_t* numeri, int k) {
     Maschera m;
