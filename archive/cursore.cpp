@@ -23,7 +23,6 @@ std::string minuscolo(std::string s) {
 }
 
 ErroreEsecuzione errore(int n, const std::string& t) { return {n, t}; }
-ErroreEsecuzione nessunRecord() { return errore(errori_archivio::NessunRecordCorrente, "Nessun record corrente."); }
 
 bool identificatore(const std::string& s) {
     if (s.empty()) return false;
@@ -230,19 +229,19 @@ std::vector<Valore> Cursore::leggiRiga(long riga) const {
 
 void Cursore::MoveNext() {
     if (cancellata_) return riposiziona(pos_);  // the next row has taken the deleted one's place
-    if (Eof()) throw nessunRecord();
+    if (Eof()) throw errori::nessunRecordCorrente();
     riposiziona(pos_ + 1);
 }
 
 void Cursore::MovePrevious() {
     if (cancellata_) return riposiziona(pos_ - 1);
-    if (Bof()) throw nessunRecord();
+    if (Bof()) throw errori::nessunRecordCorrente();
     riposiziona(pos_ - 1);
 }
 
 void Cursore::Move(long n) {
     if (cancellata_) return riposiziona(n > 0 ? pos_ + n - 1 : pos_ + n);
-    if (n != 0 && (Bof() || Eof())) throw nessunRecord();
+    if (n != 0 && (Bof() || Eof())) throw errori::nessunRecordCorrente();
     riposiziona(pos_ + n);
 }
 
@@ -256,7 +255,7 @@ int Cursore::indiceCampo(const std::string& nome) const {
 void Cursore::richiediRigaCorrente() const {
     if (!aperto_) throw errore(errori_archivio::OperazioneNonConsentita, "Operazione non consentita: cursore chiuso.");
     if (cancellata_) throw errore(errori_archivio::RecordEliminato, "Record eliminato.");
-    if (Bof() || Eof()) throw nessunRecord();
+    if (Bof() || Eof()) throw errori::nessunRecordCorrente();
 }
 
 Valore Cursore::campo(const std::string& nome) const {

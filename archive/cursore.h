@@ -15,6 +15,7 @@
 #pragma once
 
 #include "archive/valore.h"
+#include "core/errori.h"
 
 #include <cstdint>
 #include <functional>
@@ -32,8 +33,8 @@ namespace zef {
 
 // Error numbers and texts of the store, as the run time reports them.
 namespace errori_archivio {
-constexpr int UsoNonValidoNull = 94;
-constexpr int NessunRecordCorrente = 3021;
+constexpr int UsoNonValidoNull = errori::UsoNonValidoNull;
+constexpr int NessunRecordCorrente = errori::NessunRecordCorrente;
 constexpr int ElementoNonTrovato = 3265;
 constexpr int ConversioneTipo = 3421;
 constexpr int RecordEliminato = 3167;

@@ -9,7 +9,6 @@
 namespace zef {
 
 namespace {
-ErroreEsecuzione usoNull() { return {errori_archivio::UsoNonValidoNull, "Uso non valido di Null"}; }
 
 // A whole number written in full (blanks around allowed); nullopt otherwise.
 std::optional<int64_t> interoDaTesto(const std::string& s) {
@@ -38,7 +37,7 @@ std::optional<int64_t> Valore::numero() const {
 
 int64_t Valore::comeIntero() const {
     auto n = numero();
-    if (!n) throw usoNull();
+    if (!n) throw errori::usoNonValidoNull();
     return *n;
 }
 
@@ -52,14 +51,14 @@ double Valore::comeReale() const {
         if (t.empty() || *fine) throw errori::tipoNonCorrispondente();
         return d;
     }
-    throw usoNull();
+    throw errori::usoNonValidoNull();
 }
 
 std::string Valore::comeTesto() const {
     if (auto p = std::get_if<std::string>(&v_)) return *p;
     if (auto p = std::get_if<int64_t>(&v_)) return TestoSemplice(*p);
     if (auto p = std::get_if<double>(&v_)) return DoubleInTesto(*p);
-    throw usoNull();
+    throw errori::usoNonValidoNull();
 }
 
 std::string Valore::testoOVuoto() const { return nullo() ? std::string() : comeTesto(); }

@@ -12,10 +12,6 @@ namespace zef {
 namespace {
 int V(const std::string& t) { return static_cast<int>(Val(t)); }
 int16_t Intero(const std::string& t) { return InInteger(ArrotondaBanker(Val(t))); }
-
-// The cursor read past its last row.
-ErroreEsecuzione NessunRecord() { return ErroreEsecuzione(3021, "Nessun record corrente."); }
-ErroreEsecuzione UsoDiNull() { return ErroreEsecuzione(94, "Uso non valido di Null"); }
 }  // namespace
 
 int Form28::ruota() const {
@@ -91,10 +87,10 @@ void Form28::costruisciNumeriArchivio() {
         auto righe = archivio->daId(n - N);
         c.NumeriArchivio.assign(static_cast<size_t>(std::max(colonneTabella, 0)) + 1, {});
         for (int col = 1; col <= N; ++col) {
-            if (col > static_cast<int>(righe.size())) throw NessunRecord();
+            if (col > static_cast<int>(righe.size())) throw errori::nessunRecordCorrente();
             for (int pos = 1; pos <= 5; ++pos) {
                 int x = righe[col - 1].numero(ruota, pos);
-                if (x == 0) throw UsoDiNull();
+                if (x == 0) throw errori::usoNonValidoNull();
                 if (x < 0 || x > 90 || col >= static_cast<int>(c.NumeriArchivio.size())) throw errori::indiceFuoriIntervallo();
                 c.NumeriArchivio[col][x] = true;
             }
@@ -113,58 +109,56 @@ void Form28::costruisciNumeriArchivio() {
     }
 }
 
-// Both passes end quietly at a failure, with the tables as they stand.
-void Form28::ElaboraFrequenze(long n) {
-    Condizioni& c = *cond_;
-    c.ValoriNumeri.fill(0);
+// The last n + 1 draws, read for each wheel asked ("Tutte" walks the ten wheels in
+// turn): `visita(estrazione, ruota)`. False when a pass ended at a failure: both
+// passes end quietly there, with the tables as they stand.
+bool Form28::scorriUltime(long n, const std::function<void(const EstrazioneLetta&, int)>& visita) {
     const int w = ruota();
-    if (w == 0 || !archivio) return;
+    if (w == 0 || !archivio) return false;
     try {
         auto righe = archivio->tutte();
         const long RC = static_cast<long>(righe.size());
         Text1 = TestoSemplice(RC);
-        auto passa = [&](int ruota) {
-            if (RC - n - 1 < 0) throw NessunRecord();  // the move starts before the first row
-            for (long i = RC - n - 1; i <= RC - 1; ++i)
-                for (int p = 1; p <= 5; ++p) {
-                    int x = righe[i].numero(ruota, p);
-                    if (x <= 0 || x > 90) throw UsoDiNull();
-                    c.ValoriNumeri[x] += 1;
-                }
+        auto passa = [&](int r) {
+            if (RC - n - 1 < 0) throw errori::nessunRecordCorrente();  // the move starts before the first row
+            for (long i = RC - n - 1; i <= RC - 1; ++i) visita(righe[i], r);
         };
         if (w == 12) for (int r = 1; r <= 10; ++r) passa(r);
         else passa(w);
-        for (int x = 1; x <= 90; ++x) c.RitFrqNumeri[x][2] = c.ValoriNumeri[x];
+        return true;
     } catch (const ErroreEsecuzione&) {
+        return false;
     }
+}
+
+void Form28::ElaboraFrequenze(long n) {
+    Condizioni& c = *cond_;
+    c.ValoriNumeri.fill(0);
+    const bool finita = scorriUltime(n, [&](const EstrazioneLetta& e, int ruota) {
+        for (int p = 1; p <= 5; ++p) {
+            const int x = e.numero(ruota, p);
+            if (x <= 0 || x > 90) throw errori::usoNonValidoNull();
+            c.ValoriNumeri[x] += 1;
+        }
+    });
+    if (finita)
+        for (int x = 1; x <= 90; ++x) c.RitFrqNumeri[x][2] = c.ValoriNumeri[x];
 }
 
 void Form28::ElaboraRitardi(long n) {
     Condizioni& c = *cond_;
     c.RitardiNumeri.fill(0);
-    const int w = ruota();
-    if (w == 0 || !archivio) return;
-    try {
-        auto righe = archivio->tutte();
-        const long RC = static_cast<long>(righe.size());
-        Text1 = TestoSemplice(RC);
-        // "Tutte" does not clear between wheels: delays go on counting
-        auto passa = [&](int ruota) {
-            if (RC - n - 1 < 0) throw NessunRecord();
-            for (long i = RC - n - 1; i <= RC - 1; ++i) {
-                for (int x = 1; x <= 90; ++x) c.RitardiNumeri[x] += 1;
-                for (int p = 1; p <= 5; ++p) {
-                    int x = righe[i].numero(ruota, p);
-                    if (x <= 0 || x > 90) throw UsoDiNull();
-                    c.RitardiNumeri[x] = 0;
-                }
-            }
-        };
-        if (w == 12) for (int r = 1; r <= 10; ++r) passa(r);
-        else passa(w);
+    // "Tutte" does not clear between wheels: delays go on counting
+    const bool finita = scorriUltime(n, [&](const EstrazioneLetta& e, int ruota) {
+        for (int x = 1; x <= 90; ++x) c.RitardiNumeri[x] += 1;
+        for (int p = 1; p <= 5; ++p) {
+            const int x = e.numero(ruota, p);
+            if (x <= 0 || x > 90) throw errori::usoNonValidoNull();
+            c.RitardiNumeri[x] = 0;
+        }
+    });
+    if (finita)
         for (int x = 1; x <= 90; ++x) c.RitFrqNumeri[x][1] = c.RitardiNumeri[x];
-    } catch (const ErroreEsecuzione&) {
-    }
 }
 
 }  // namespace zef

@@ -136,6 +136,7 @@ public:
 private:
     int ruota() const;  // w = 1..12, 0 when no wheel is chosen
     void costruisciNumeriArchivio();
+    bool scorriUltime(long n, const std::function<void(const EstrazioneLetta&, int)>& visita);
 
     Sistema& s_;
     Interfaccia& ui_;

@@ -9,5 +9,7 @@ ErroreEsecuzione tipoNonCorrispondente() { return {TipoNonCorrispondente, "Tipo 
 ErroreEsecuzione fileNonTrovato() { return {FileNonTrovato, "Impossibile trovare il file"}; }
 ErroreEsecuzione inputOltreFine() { return {InputOltreFine, "Input oltre la fine del file"}; }
 ErroreEsecuzione annullaDialogo() { return {AnnullaDialogo, "Operazione annullata"}; }
+ErroreEsecuzione usoNonValidoNull() { return {UsoNonValidoNull, "Uso non valido di Null"}; }
+ErroreEsecuzione nessunRecordCorrente() { return {NessunRecordCorrente, "Nessun record corrente."}; }
 
 }  // namespace zef::errori

@@ -19,6 +19,8 @@ struct ErroreEsecuzione : std::runtime_error {
 // The error numbers the program meets, with the texts the run time gives them.
 namespace errori {
 constexpr int Overflow = 6;
+constexpr int UsoNonValidoNull = 94;
+constexpr int NessunRecordCorrente = 3021;
 constexpr int MemoriaEsaurita = 7;
 constexpr int IndiceFuoriIntervallo = 9;
 constexpr int TipoNonCorrispondente = 13;
@@ -34,6 +36,8 @@ ErroreEsecuzione tipoNonCorrispondente();
 ErroreEsecuzione fileNonTrovato();
 ErroreEsecuzione inputOltreFine();
 ErroreEsecuzione annullaDialogo();
+ErroreEsecuzione usoNonValidoNull();
+ErroreEsecuzione nessunRecordCorrente();
 }  // namespace errori
 
 }  // namespace zef
