@@ -2,7 +2,7 @@
 // of 501 draws of the delay pass, and Accetta with both archive-based conditions on
 // every wheel ("Tutte").
 #include "archive/archivio.h"
-#include "conditions/estrazioni_archivio.h"
+#include "archive/estrazioni_archivio.h"
 #include "conditions/form28.h"
 #include "core/interfaccia_scriptata.h"
 #include "core/sistema.h"

@@ -3,7 +3,7 @@
 #include "archive/archivio.h"
 #include "cli/comandi.h"
 #include "cli/sviluppo_cli.h"
-#include "conditions/estrazioni_archivio.h"
+#include "archive/estrazioni_archivio.h"
 #include "conditions/form28.h"
 
 #include <memory>

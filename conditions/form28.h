@@ -8,7 +8,7 @@
 #pragma once
 
 #include "conditions/condizioni.h"
-#include "conditions/fonte_estrazioni.h"
+#include "archive/fonte_estrazioni.h"
 #include "core/interfaccia.h"
 
 #include <array>

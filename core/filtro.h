@@ -53,7 +53,7 @@ public:
     // first p.lunghezza - 1 numbers and has its next number at a place in P..Q-1 is
     // refused, and refused before any error could arise. The generator then skips
     // those subtrees and counts them as examined.
-    virtual int scartaPrefisso(const Prefisso& p, int k) const { return 0; }
+    virtual int scartaPrefisso(const Prefisso& /*p*/, int /*k*/) const { return 0; }
 
     // For a prefix `p` of k - 1 numbers, the level of the last number: `ammessi` gets the
     // places of the forecast (after the prefix's last, up to `n`) whose candidates may

@@ -6,9 +6,11 @@ set -euo pipefail
 PACKAGES=(
   build-essential cmake pkg-config
   qt6-base-dev qt6-base-dev-tools libqt6printsupport6 libgl-dev
+  qt6-charts-dev libqt6opengl6-dev libxkbcommon-dev qt6-translations-l10n
   libsqlite3-dev libsqlitecpp-dev sqlite3
   libcurl4-openssl-dev libgumbo-dev
   libgtest-dev libgmock-dev libbenchmark-dev
+  clang libclang-rt-dev
   libcli11-dev nlohmann-json3-dev libzip-dev zlib1g-dev
   fonts-liberation fonts-comic-neue fontconfig
   xvfb xauth poppler-utils

@@ -3,7 +3,7 @@
 #include "archive/archivio.h"
 #include "archive/comandi_archivio.h"
 #include "archive/form3.h"
-#include "conditions/estrazioni_archivio.h"
+#include "archive/estrazioni_archivio.h"
 #include "files/filesistema.h"
 #include "ui/finestre_riduzione.h"
 #include "ui/form3view.h"

@@ -3,7 +3,7 @@
 // subsystems. The other dialogs' views are wired here as they arrive.
 #pragma once
 
-#include "conditions/fonte_estrazioni.h"
+#include "archive/fonte_estrazioni.h"
 #include "core/form1.h"
 #include "core/sistema.h"
 #include "ui/form1view.h"

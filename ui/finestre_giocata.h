@@ -3,7 +3,7 @@
 // hooks to these methods (mostraForm2 -> apriForm2, mostraForm20 -> apriForm20...).
 #pragma once
 
-#include "conditions/fonte_estrazioni.h"
+#include "archive/fonte_estrazioni.h"
 #include "core/interfaccia.h"
 #include "ui/vista_comune.h"
 

@@ -173,7 +173,7 @@ QWidget* Form28View::pagina(int i, QWidget* controlli) {
     attiva->setObjectName(QString("chkAttivo_%1").arg(i));
     attiva->setFont(vista::CarattereFinestra(9, true));
     chkAttivo_[i] = attiva;
-    connect(attiva, &QCheckBox::clicked, this, [this, i](bool v) { m_.chkAttivo[i] = v ? 1 : 0; });
+    connect(attiva, &QCheckBox::clicked, this, [this, i](bool spunta) { m_.chkAttivo[i] = spunta ? 1 : 0; });
     specchi_.push_back([this, i] { chkAttivo_[i]->setChecked(m_.chkAttivo[i] != 0); });
     auto* testa = new QHBoxLayout;
     testa->addWidget(aiuto, 1);

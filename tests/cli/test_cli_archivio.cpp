@@ -1,6 +1,6 @@
 // zefiranto-cli sviluppa with conditions on the draw archive: --archivio and --ruota.
 
-#include "conditions/fonte_estrazioni.h"
+#include "archive/fonte_estrazioni.h"
 #include "conditions/form28.h"
 #include "core/form20.h"
 #include "core/giocate.h"

@@ -2,7 +2,7 @@
 // and the tables of acceptance built from them, checked against plain loops over
 // the draws as written.
 #include "archive/archivio.h"
-#include "conditions/estrazioni_archivio.h"
+#include "archive/estrazioni_archivio.h"
 #include "conditions/form28.h"
 #include "core/errori.h"
 #include "core/interfaccia_scriptata.h"

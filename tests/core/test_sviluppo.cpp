@@ -39,7 +39,7 @@ public:
         return h;
     }
     bool vietato(int x) const { return x >= vietatoDa && x <= vietatoA; }
-    bool accetta(const uint8_t* numeri, const int* livelli, int k) const override {
+    bool accetta(const uint8_t* numeri, const int* /*livelli*/, int k) const override {
         for (int i = 0; i < k; ++i)
             if (vietato(numeri[i])) return false;
         uint32_t h = hash(numeri, k, seme);

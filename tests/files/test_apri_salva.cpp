@@ -210,7 +210,7 @@ TEST(ApriSalva, TagliatoAOgniByteSiFermaDoveStaESenzaCrolli) {
         EXPECT_FALSE(ui.clessidraAttiva) << taglio;
         ASSERT_FALSE(ui.barra.empty());
         EXPECT_EQ(ui.barra.back().valore, 0) << taglio;
-        for (const auto& b : ui.barra) ASSERT_GT(b.massimo, b.minimo) << taglio;  // never a busy bar
+        for (const auto& passo : ui.barra) ASSERT_GT(passo.massimo, passo.minimo) << taglio;  // never a busy bar
         EXPECT_EQ(t.FileName, f);  // the name chosen stays the current one
         // what was read stays
         if (taglio >= finePad) {

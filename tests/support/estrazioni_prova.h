@@ -5,7 +5,7 @@
 
 #include "support/cartella.h"
 #include "archive/archivio.h"
-#include "conditions/fonte_estrazioni.h"
+#include "archive/fonte_estrazioni.h"
 
 #include <filesystem>
 #include <random>

@@ -6,7 +6,7 @@
 // the database raises ErroreEsecuzione, as any read of the archive does.
 #pragma once
 
-#include "conditions/fonte_estrazioni.h"
+#include "archive/fonte_estrazioni.h"
 
 namespace zef {
 

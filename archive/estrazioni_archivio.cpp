@@ -1,4 +1,4 @@
-#include "conditions/estrazioni_archivio.h"
+#include "archive/estrazioni_archivio.h"
 
 #include "archive/archivio.h"
 #include "core/errori.h"
