@@ -1,0 +1,33 @@
+#include "printing/form10.h"
+
+#include "core/sistema.h"
+
+#include <exception>
+
+namespace zef {
+
+void Form10::clickCommand1() {
+    if (!Option1) {
+        if (s_.pannelli[2] == pannello::CostoZero) {
+            ui_.messaggio(MessaggioPuntata, TitoloPuntata, Icona::Critico);
+            return;
+        }
+        if (mostraForm11) mostraForm11();
+        return;
+    }
+    if (!form24_.caricato) form24_.carica();
+    form24_.visibile = true;
+    if (mostraForm24) mostraForm24();
+    if (!form24_.Check4) return;
+    const SezioniTabulato sezioni = form24_.sezioni();
+    const std::string data = dataOggi ? dataOggi() : DataCortaLocale();
+    try {
+        destinazione_.stampa(DocumentoTabulato, Modulo::Tabulato, [this, sezioni, data](Stampante& st, bool) {
+            StampaTabulato(s_, sezioni, data, st);
+        });
+    } catch (const std::exception& e) {
+        ui_.messaggio(std::string(MessaggioErrore) + e.what(), TitoloErrore, Icona::Critico);
+    }
+}
+
+}  // namespace zef
