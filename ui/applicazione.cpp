@@ -6,6 +6,7 @@
 #include "archive/estrazioni_archivio.h"
 #include "files/filesistema.h"
 #include "ui/finestre_riduzione.h"
+#include "ui/finestre_stampa.h"
 #include "ui/form3view.h"
 #include "ui/frmsplash.h"
 #include "ui/vista_comune.h"
@@ -153,6 +154,7 @@ void Applicazione::collegaFinestre() {
     finestre_.push_back(giocata);
 #endif
     finestre_.push_back(InstallaFinestreRiduzione(f1_, *s_, ui_, *vista_));
+    finestre_.push_back(InstallaFinestreStampa(f1_, *s_, ui_, *vista_));
     vista_->aggiorna(false);
 }
 
