@@ -6,6 +6,13 @@
 
 namespace zef {
 
+std::string Form10::MessaggioTroppe(int64_t righe) {
+    return "La sezione GIOCATE del tabulato conterebbe " + std::to_string(righe) + " righe (circa " +
+           std::to_string(righe / tabulato::RighePerPagina) +
+           " pagine): sono troppe per la stampa. Stampare il tabulato senza le giocate, oppure con meno giocate in "
+           "lista.";
+}
+
 void Form10::clickCommand1() {
     if (!Option1) {
         if (s_.pannelli[2] == pannello::CostoZero) {
@@ -20,6 +27,15 @@ void Form10::clickCommand1() {
     if (mostraForm24) mostraForm24();
     if (!form24_.Check4) return;
     const SezioniTabulato sezioni = form24_.sezioni();
+    // Each round of the plays section prints the whole list again: a long list would
+    // keep the printer busy for days.
+    if (sezioni.giocate) {
+        const int64_t righe = RigheSezioneGiocate(s_.MSFlexGrid1.Rows());
+        if (righe > tabulato::LimiteRigheGiocate) {
+            ui_.messaggio(MessaggioTroppe(righe), TitoloTroppe, Icona::Esclamazione);
+            return;
+        }
+    }
     const std::string data = dataOggi ? dataOggi() : DataCortaLocale();
     try {
         destinazione_.stampa(DocumentoTabulato, Modulo::Tabulato, [this, sezioni, data](Stampante& st, bool) {

@@ -61,6 +61,9 @@ public:
     static constexpr const char* TitoloErrore = "ERRORE DURANTE LA STAMPA";
     static constexpr const char* MessaggioErrore = "La stampa è stata annullata per il seguente motivo: ";
     static constexpr const char* DocumentoTabulato = "Zefiranto 2.0 - tabulato";
+    static constexpr const char* TitoloTroppe = "ATTENZIONE";
+    // The refusal of a plays section too long to print: its lines and pages.
+    static std::string MessaggioTroppe(int64_t righe);
 
     Form10(Sistema& s, Interfaccia& ui, DestinazioneStampa& destinazione, Form24& form24)
         : s_(s), ui_(ui), destinazione_(destinazione), form24_(form24) {}

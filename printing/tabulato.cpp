@@ -130,6 +130,11 @@ void SezioneGiocate(const Sistema& s, Stampante& st) {
 
 }  // namespace
 
+int64_t RigheSezioneGiocate(int64_t righe) {
+    const int64_t giri = (righe - 1) / tabulato::RighePerGiro + 1;
+    return giri * (5 + (righe + 2) / 3 + 1);
+}
+
 std::string RigaNomeSistema(const std::string& fileName) {
     if (fileName.empty()) return "    NOME DEL SISTEMA: nessuno";
     return "    NOME DEL SISTEMA: " + Primi(fileName, 50);

@@ -24,11 +24,18 @@ inline const Carattere Titolo{caratteri::Arial, 18, true};
 inline const Carattere Righe{"Courier new", 11, false};
 // Rows of the list per round of the plays section.
 constexpr int RighePerGiro = 120;
+// Lines of the plays section beyond which a print is refused: the section grows
+// with the square of the list (some 30,000 pages here, from about 27,000 rows).
+constexpr int64_t LimiteRigheGiocate = 2000000;
+constexpr int64_t RighePerPagina = 60;
 }  // namespace tabulato
 
 // Prints the listing and ends the document. `data` is today's date in the locale's
 // short form. Raises ErroreEsecuzione where the fixed numbers run off their table.
 void StampaTabulato(const Sistema& s, const SezioniTabulato& sezioni, const std::string& data, Stampante& st);
+
+// Lines the plays section prints for a list of `righe` rows (its new pages apart).
+int64_t RigheSezioneGiocate(int64_t righe);
 
 // The line of the system's name: "nessuno" or the first 50 characters of the file name.
 std::string RigaNomeSistema(const std::string& fileName);

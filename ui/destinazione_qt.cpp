@@ -4,12 +4,14 @@
 #include "ui/stampante_qt.h"
 #include "ui/vista_comune.h"
 
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QPushButton>
+#include <QScreen>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -37,6 +39,42 @@ public:
 private:
     double x_ = 0, y_ = 0;
 };
+
+// The print proper. With an interface it runs on a worker thread under the progress
+// window, with the pages so far on show; ESC asks whether to stop, and stopping
+// fails the print as a printer would.
+void InStampa(StampanteQt& st, const Produzione& produci, Interfaccia* ui, bool almenoUnaPagina) {
+    if (!ui) {
+        produci(st, false);
+        st.chiudi(almenoUnaPagina);
+        return;
+    }
+    StatoAvanzamento stato;
+    stato.titolo = "STAMPA";
+    stato.etichetta = "Stampa in corso...";
+    stato.etichetta1 = "Pagine:";
+    stato.testo1 = "0";
+    stato.suggerimento = "ESC per interrompere";
+    ui->mostraAvanzamento(stato);
+    st.allaPagina = [&stato, ui](int pagine) {
+        stato.testo1 = std::to_string(pagine);
+        ui->aggiornaAvanzamento(stato);
+        for (int tasto : ui->tastiAvanzamento())
+            if (tasto == 27 &&
+                ui->messaggio("Interrompere la stampa?", "RICHIESTA", Icona::Domanda, Pulsanti::SiNo) == Risposta::Si)
+                throw ErroreEsecuzione(18, DestinazioneQt::Interrotta);
+    };
+    try {
+        vista::EseguiInThread([&] {
+            produci(st, false);
+            st.chiudi(almenoUnaPagina);
+        });
+    } catch (...) {
+        ui->chiudiAvanzamento();
+        throw;
+    }
+    ui->chiudiAvanzamento();
+}
 
 QPrinterInfo StampantePredefinita() {
     QPrinterInfo p = QPrinterInfo::defaultPrinter();
@@ -78,6 +116,12 @@ AnteprimaStampa::AnteprimaStampa(const std::string& documento, Modulo modulo, co
     barra->addWidget(strumento("Larghezza", "Adatta alla larghezza", [this] { anteprima_->fitToWidth(); }));
     barra->addWidget(strumento("Pagina", "Pagina intera", [this] { anteprima_->fitInView(); }));
     barra->addStretch();
+    auto* pagine = new QLabel;
+    pagine->setObjectName("pagine");
+    barra->addWidget(pagine);
+    connect(anteprima_, &QPrintPreviewWidget::previewChanged, pagine, [this, pagine] {
+        pagine->setText(QString("Pagina %1 di %2").arg(anteprima_->currentPage()).arg(anteprima_->pageCount()));
+    });
 
     nota_ = new QLabel;
     nota_->setObjectName("nota");
@@ -114,7 +158,11 @@ AnteprimaStampa::AnteprimaStampa(const std::string& documento, Modulo modulo, co
     layout->addLayout(barra);
     layout->addWidget(anteprima_, 1);
     layout->addLayout(pulsanti);
-    resize(modulo == Modulo::Schedine ? 640 : 760, 820);
+    // As tall as the screen allows, a page's width.
+    QSize misura(modulo == Modulo::Schedine ? 640 : 760, 820);
+    if (QScreen* schermo = parent ? parent->screen() : QGuiApplication::primaryScreen())
+        misura = misura.boundedTo(schermo->availableGeometry().size() - QSize(40, 60));
+    resize(misura);
 }
 
 AnteprimaStampa::~AnteprimaStampa() {
@@ -153,18 +201,17 @@ bool DestinazioneQt::stampa(const std::string& documento, Modulo modulo, const P
         QPrinter stampante(info, QPrinter::HighResolution);
         stampante.setDocName(vista::Q(documento));
         StampanteQt st(stampante, true, 0, "Errore della stampante " + info.printerName().toStdString());
-        produci(st, false);
-        st.chiudi();
+        InStampa(st, produci, &ui_, false);
         return true;
     }
     std::optional<std::string> file = ui_.dialogoSalva(FiltroPdf, TitoloPdf);
     if (!file || file->empty()) return false;
     if (!QString::fromStdString(*file).endsWith(".pdf", Qt::CaseInsensitive)) *file += ".pdf";
-    ScriviPdf(*file, modulo, produci);
+    ScriviPdf(*file, modulo, produci, &ui_);
     return true;
 }
 
-void DestinazioneQt::ScriviPdf(const std::string& file, Modulo modulo, const Produzione& produci) {
+void DestinazioneQt::ScriviPdf(const std::string& file, Modulo modulo, const Produzione& produci, Interfaccia* ui) {
     // Written beside and put in place at the end: a failed print leaves no half file.
     const std::string temporaneo = file + ".parziale";
     try {
@@ -174,8 +221,7 @@ void DestinazioneQt::ScriviPdf(const std::string& file, Modulo modulo, const Pro
         pdf.setCreator("Zefiranto 2.0");
         ImpostaPaginaPdf(pdf, modulo);
         StampanteQt st(pdf, false, 0, "Impossibile scrivere il file " + file);
-        produci(st, false);
-        st.chiudi(true);
+        InStampa(st, produci, ui, true);
     } catch (...) {
         std::remove(temporaneo.c_str());
         throw;

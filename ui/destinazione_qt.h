@@ -65,8 +65,11 @@ public:
     // Whether the system has a printer (tests fix it).
     std::function<bool()> stampanteInstallata;
 
-    // Writes a print into a PDF file, whole or not at all.
-    static void ScriviPdf(const std::string& file, Modulo modulo, const Produzione& produci);
+    // Writes a print into a PDF file, whole or not at all. With `ui` the work runs off
+    // the interface thread under the progress window, where ESC stops it.
+    static void ScriviPdf(const std::string& file, Modulo modulo, const Produzione& produci,
+                          Interfaccia* ui = nullptr);
+    static constexpr const char* Interrotta = "Stampa interrotta dall'utente";
 
 private:
     Interfaccia& ui_;

@@ -145,7 +145,7 @@ void DisegnaSegni(QPainter& p, double s, const Geometria& g, const std::string& 
 
 DisegnoScheda::DisegnoScheda(QWidget* parent) : QWidget(parent) {
     setObjectName("Image1");
-    setMinimumSize(236, 344);
+    setMinimumSize(354, 516);
     setToolTip("Anteprima dei segni sulla schedina con i margini e i passi impostati");
 }
 
@@ -159,7 +159,7 @@ double DisegnoScheda::scala() const {
     return std::min(width() / LarghezzaScheda, height() / AltezzaScheda);
 }
 
-QSize DisegnoScheda::sizeHint() const { return QSize(354, 516); }
+QSize DisegnoScheda::sizeHint() const { return QSize(472, 688); }
 
 void DisegnoScheda::paintEvent(QPaintEvent*) {
     QPainter p(this);

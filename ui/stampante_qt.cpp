@@ -47,8 +47,9 @@ void ImpostaPaginaPdf(QPagedPaintDevice& d, Modulo modulo) {
 }
 
 StampanteQt::StampanteQt(QPagedPaintDevice& dispositivo, bool documentiSeparati, int limitePagine, std::string errore)
-    : d_(dispositivo), separati_(documentiSeparati), limite_(limitePagine), errore_(std::move(errore)),
-      font_(FacciaStampa(carattere_)) {}
+    : d_(dispositivo), separati_(documentiSeparati), limite_(limitePagine), errore_(std::move(errore)) {
+    impostaCarattere(carattere_);
+}
 
 StampanteQt::~StampanteQt() {
     if (p_ && p_->isActive()) p_->end();
@@ -57,7 +58,6 @@ StampanteQt::~StampanteQt() {
 double StampanteQt::mmPerPixelX() const { return 25.4 / d_.logicalDpiX(); }
 double StampanteQt::mmPerPixelY() const { return 25.4 / d_.logicalDpiY(); }
 
-double StampanteQt::altezzaRigaMm() const { return QFontMetricsF(font_, &d_).height() * mmPerPixelY(); }
 double StampanteQt::altezzaPaginaMm() const { return d_.height() * mmPerPixelY(); }
 
 bool StampanteQt::prepara() {
@@ -77,12 +77,16 @@ bool StampanteQt::prepara() {
     }
     paginaInSospeso_ = false;
     ++pagine_;
+    if (allaPagina) allaPagina(pagine_);
     return true;
 }
 
 void StampanteQt::impostaCarattere(const Carattere& c) {
     carattere_ = c;
     font_ = FacciaStampa(c);
+    const QFontMetricsF fm(font_, &d_);
+    rigaMm_ = fm.height() * mmPerPixelY();
+    ascesaMm_ = fm.ascent() * mmPerPixelY();
 }
 
 void StampanteQt::scalaMillimetri() { scala_ = Scala::Millimetri; }
@@ -93,7 +97,7 @@ double StampanteQt::x() const { return scala_ == Scala::Millimetri ? xMm_ : xMm_
 double StampanteQt::y() const { return scala_ == Scala::Millimetri ? yMm_ : yMm_ * TwipPerMillimetro; }
 
 void StampanteQt::stampa(std::string_view testo) {
-    const double riga = altezzaRigaMm();
+    const double riga = rigaMm_;
     // A line that would cross the bottom of the page goes at the top of the next.
     if (yMm_ > 0 && yMm_ + riga > altezzaPaginaMm()) {
         yMm_ = 0;
@@ -102,7 +106,7 @@ void StampanteQt::stampa(std::string_view testo) {
     if (!testo.empty() && Disegnabile(xMm_, yMm_) && prepara()) {
         const double pxX = 1 / mmPerPixelX(), pxY = 1 / mmPerPixelY();
         const QString t = QString::fromUtf8(testo.data(), static_cast<int>(testo.size()));
-        const QFontMetricsF fm(font_, &d_);
+        const double ascesa = ascesaMm_ * pxY;
         p_->setFont(font_);
         p_->setPen(Qt::black);
         if (caratteri::Segni(carattere_.nome)) {
@@ -115,12 +119,12 @@ void StampanteQt::stampa(std::string_view testo) {
                     p_->fillRect(QRectF(q.x * pxX, q.y * pxY, q.lato * pxX, q.lato * pxY), Qt::black);
                     x += 0.75 * em;
                 } else {
-                    p_->drawText(QPointF(x * pxX, yMm_ * pxY + fm.ascent()), QString(ch));
-                    x += fm.horizontalAdvance(ch) / pxX;
+                    p_->drawText(QPointF(x * pxX, yMm_ * pxY + ascesa), QString(ch));
+                    x += QFontMetricsF(font_, &d_).horizontalAdvance(ch) / pxX;
                 }
             }
         } else {
-            p_->drawText(QPointF(xMm_ * pxX, yMm_ * pxY + fm.ascent()), t);
+            p_->drawText(QPointF(xMm_ * pxX, yMm_ * pxY + ascesa), t);
         }
     }
     xMm_ = 0;

@@ -17,6 +17,7 @@
 #include <QFont>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -59,13 +60,14 @@ public:
     // Pages drawn on, and whether the page limit cut the print short.
     int pagine() const { return pagine_; }
     bool troncata() const { return troncata_; }
+    // Called as each page begins, with the pages so far; it may raise to stop the print.
+    std::function<void(int)> allaPagina;
 
 private:
     // Opens the document or the pending page before drawing; false past the limit.
     bool prepara();
     double mmPerPixelX() const;
     double mmPerPixelY() const;
-    double altezzaRigaMm() const;
     double altezzaPaginaMm() const;
 
     QPagedPaintDevice& d_;
@@ -75,6 +77,8 @@ private:
     std::string errore_;
     Carattere carattere_{caratteri::Arial, 10, false};
     QFont font_;
+    // Metrics of the face on this device: a line and the ascent, millimetres.
+    double rigaMm_ = 0, ascesaMm_ = 0;
     Scala scala_ = Scala::Twip;
     double xMm_ = 0, yMm_ = 0;
     bool paginaInSospeso_ = false;

@@ -129,6 +129,30 @@ TEST_F(AvvioStampa, ErroreDuranteLaStampa) {
     EXPECT_EQ(ui.box[0].testo, "La stampa è stata annullata per il seguente motivo: Errore della stampante");
 }
 
+TEST_F(AvvioStampa, GiocateTroppeDaStampare) {
+    // 27,000 rows: 225 rounds of the whole list, 9,006 lines each.
+    std::vector<std::string> righe(27000, " 1  2 ");
+    prova::ImpostaLista(s, 2, righe);
+    f10.clickCommand1();
+    ASSERT_EQ(ui.box.size(), 1u);
+    EXPECT_EQ(ui.box[0].titolo, "ATTENZIONE");
+    EXPECT_EQ(ui.box[0].testo,
+              "La sezione GIOCATE del tabulato conterebbe 2026350 righe (circa 33772 pagine): sono troppe per la "
+              "stampa. Stampare il tabulato senza le giocate, oppure con meno giocate in lista.");
+    EXPECT_EQ(carta.stampe, 0);
+    // Without the plays the listing goes.
+    scelta = [](Form24& f) {
+        f.Check3 = false;
+        f.clickCommand1();
+    };
+    f10.clickCommand1();
+    EXPECT_EQ(carta.stampe, 1);
+    // The longest list still printed: 26,000 rows.
+    righe.resize(26000);
+    prova::ImpostaLista(s, 2, righe);
+    EXPECT_LE(RigheSezioneGiocate(26000), tabulato::LimiteRigheGiocate);
+}
+
 TEST_F(AvvioStampa, AnteprimaUgualeAllaCarta) {
     prova::ImpostaPronostico(s, {1, 2, 3, 4});
     carta.conAnteprima = true;

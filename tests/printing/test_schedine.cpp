@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 
@@ -166,8 +167,13 @@ TEST_F(Schedine, Concorsi) {
         ASSERT_EQ(m.size(), 3u);
         Vicino(m[2], 4 + 37.4 + i * (7.25 - 0.2), 3 + 156.7, scheda::Concorsi[i]);
     }
-    // None on: one draw, no mark.
+    // None on: one draw, no mark. A second click on the option on takes it off.
     EXPECT_EQ(SegniDopoRuota(stampa(2, {" 1  2 "})).size(), 2u);
+    f.clickOption3(3);
+    f.clickOption3(5);
+    EXPECT_TRUE(f.Option3[5] && !f.Option3[3]);
+    f.clickOption3(5);
+    EXPECT_EQ(std::count(f.Option3.begin(), f.Option3.end(), true), 0);
 }
 
 TEST_F(Schedine, IntestazioneEFacce) {

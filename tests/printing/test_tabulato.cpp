@@ -223,6 +223,7 @@ TEST(Tabulato, GiocateTreARiga) {
     prova::ImpostaLista(s, 2, {" 1  2 ", " 3  4 ", " 5  6 ", " 7  8 ", "11 12 "});
     EXPECT_EQ(DopoStelle(Tabulato(s, {false, false, true}))[7], "     7  8      11 12 ");
     // An empty list still has its heading.
+    EXPECT_EQ(RigheSezioneGiocate(0), 6);
     prova::ImpostaLista(s, 2, {});
     EXPECT_EQ(DopoStelle(Tabulato(s, {false, false, true})),
               (std::vector<std::string>{"\f", "", "", "", "     Giocate ", "", ""}));
@@ -245,6 +246,7 @@ TEST(Tabulato, OgniCentoventiRigheLaListaRipartedallInizio) {
         EXPECT_EQ(std::count(r.begin(), r.end(), prima), giri) << righe;
         const size_t lineePerGiro = (righe + 2) / 3 + 1;
         EXPECT_EQ(r.size(), 12 + 1 + giri * (4 + 1 + lineePerGiro) + (giri - 1)) << righe;
+        EXPECT_EQ(RigheSezioneGiocate(righe), static_cast<int64_t>(r.size()) - 12 - giri) << righe;
     }
 }
 

@@ -27,11 +27,13 @@
 #include <QPrinterInfo>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTimer>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -321,4 +323,83 @@ TEST(Stampa, ImpostazioniDiStampaSuSchermo) {
     std::ifstream in(f.fileGeometria, std::ios::binary);
     std::string letto((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
     EXPECT_EQ(letto, "6\r\n4.5\r\n7.5\r\n7.5\r\n");
+}
+
+TEST(Stampa, FinestreComposte) {
+    // Every control inside its window; with ZEF_SCHERMATE set, the pictures of the guide.
+    Sistema s;
+    QtInterfaccia ui;
+    DestinazioneRegistrata carta;
+    Form24 f24;
+    Form10 f10(s, ui, carta, f24);
+    Form11 f11(s, ui, carta);
+    prova::CartellaTemporanea c;
+    f11.fileGeometria = c / "cooxy.txt";
+    prova::ImpostaLista(s, 3, {" 1  2  3 ", " 4  5  6 "});
+    s.form2.Check = {0, 1, 0, 0, 0};
+    s.form2.testi[1] = "1,00";
+    f11.carica();
+    f11.clickOption3(2);
+    f24.carica();
+    Form10View v10(f10, ui);
+    Form24View v24(f24);
+    Form11View v11(f11, ui);
+    for (auto [w, nome] : {std::pair<QWidget*, const char*>{&v10, "form10"}, {&v24, "form24"}, {&v11, "form11"}}) {
+        w->show();
+        w->adjustSize();
+        QApplication::processEvents();
+        for (QWidget* figlio : w->findChildren<QWidget*>()) {
+            if (!figlio->isVisibleTo(w) || figlio->isWindow()) continue;
+            const QRect r(figlio->mapTo(w, QPoint(0, 0)), figlio->size());
+            EXPECT_TRUE(w->rect().contains(r)) << nome << ": " << figlio->objectName().toStdString();
+        }
+        const QPixmap p = w->grab();
+        ASSERT_FALSE(p.isNull());
+        if (const char* cartella = std::getenv("ZEF_SCHERMATE")) EXPECT_TRUE(p.save(QString("%1/%2.png").arg(cartella, nome)));
+    }
+    // The slip's picture keeps its proportions inside its widget.
+    EXPECT_LE(v11.Image1()->scala() * LarghezzaScheda, v11.Image1()->width() + 0.5);
+    EXPECT_LE(v11.Image1()->scala() * AltezzaScheda, v11.Image1()->height() + 0.5);
+}
+
+TEST(Stampa, EscInterrompeUnaStampaLunga) {
+    // The print runs under the progress window: ESC and a Yes stop it, and the PDF
+    // is not left half written.
+    QtInterfaccia ui;
+    std::vector<BoxQt> box;
+    ui.risponditore = [&box](const BoxQt& b) {
+        box.push_back(b);
+        return Risposta::Si;
+    };
+    int pagineViste = 0;
+    QTimer esc;
+    esc.setInterval(5);
+    QObject::connect(&esc, &QTimer::timeout, [&ui] {
+        if (ui.finestraAvanzamento()) ui.accodaTasto(27);
+    });
+    esc.start();
+    prova::CartellaTemporanea c;
+    const std::string file = c / "lungo.pdf";
+    try {
+        DestinazioneQt::ScriviPdf(
+            file, Modulo::Tabulato,
+            [&pagineViste](Stampante& st, bool) {
+                st.impostaCarattere({"Courier new", 11, false});
+                for (int i = 0; i < 200000; ++i) st.stampa("riga " + std::to_string(i));
+                st.fineDocumento();
+                pagineViste = -1;  // not reached
+            },
+            &ui);
+        FAIL() << "the print was not stopped";
+    } catch (const ErroreEsecuzione& e) {
+        EXPECT_EQ(e.testo(), "Stampa interrotta dall'utente");
+    }
+    esc.stop();
+    EXPECT_EQ(pagineViste, 0);
+    ASSERT_FALSE(box.empty());
+    EXPECT_EQ(box[0].testo, "Interrompere la stampa?");
+    EXPECT_EQ(box[0].titolo, "RICHIESTA");
+    EXPECT_EQ(ui.finestraAvanzamento(), nullptr);
+    EXPECT_FALSE(std::filesystem::exists(file));
+    EXPECT_FALSE(std::filesystem::exists(file + ".parziale"));
 }
