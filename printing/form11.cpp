@@ -36,14 +36,26 @@ std::string NumeroPunto(double v) {
     return t;
 }
 
+void LeggiGeometriaDaTesto(std::string_view testo, std::array<std::string, 4>& caselle) {
+    size_t inizio = 0;
+    for (size_t n = 0; n < caselle.size() && inizio < testo.size(); ++n) {
+        size_t fine = testo.find('\n', inizio);
+        if (fine == std::string_view::npos) fine = testo.size();
+        std::string riga(testo.substr(inizio, fine - inizio));
+        if (!riga.empty() && riga.back() == '\r') riga.pop_back();
+        caselle[n] = NumeroPunto(ValoreCasella(riga));
+        inizio = fine + 1;
+    }
+}
+
 void LeggiGeometria(const std::string& file, std::array<std::string, 4>& caselle) {
     std::ifstream in(file, std::ios::binary);
     if (!in) return;  // no file: the values stay
-    std::string riga;
-    for (size_t n = 0; n < caselle.size() && std::getline(in, riga); ++n) {
-        if (!riga.empty() && riga.back() == '\r') riga.pop_back();
-        caselle[n] = NumeroPunto(ValoreCasella(riga));
-    }
+    // Four short lines are all it holds: a bigger file is read no further than needed.
+    std::string testo(4096, '\0');
+    in.read(testo.data(), static_cast<std::streamsize>(testo.size()));
+    testo.resize(static_cast<size_t>(in.gcount()));
+    LeggiGeometriaDaTesto(testo, caselle);
 }
 
 void ScriviGeometria(const std::string& file, const std::array<std::string, 4>& caselle) {

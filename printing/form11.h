@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace zef {
 
@@ -23,6 +24,8 @@ struct Sistema;
 // horizontal pitch), each taken by its leading number with "," read as ".". A
 // missing file, or fewer lines, leaves the texts not read as they were.
 void LeggiGeometria(const std::string& file, std::array<std::string, 4>& caselle);
+// The same on the file's text.
+void LeggiGeometriaDaTesto(std::string_view testo, std::array<std::string, 4>& caselle);
 // Writes the four values anew, one a line with a point. Raises ErroreEsecuzione
 // when the file cannot be written; the file that was there then stays whole.
 void ScriviGeometria(const std::string& file, const std::array<std::string, 4>& caselle);
