@@ -25,15 +25,10 @@ double ValoreCasella(const std::string& testo) {
 
 std::string NumeroPunto(double v) {
     if (v == 0) v = 0;  // no "-0"
+    // Fifteen significant digits give back the number as typed: 7.1, not 7.0999999...
     char buf[64];
     const auto r = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::general, 15);
-    std::string t(buf, r.ptr);
-    // Up to 15 significant digits, as the number was typed: 7.1 and not 7.0999999...
-    if (t.find('e') == std::string::npos && t.find('.') != std::string::npos) {
-        while (t.back() == '0') t.pop_back();
-        if (t.back() == '.') t.pop_back();
-    }
-    return t;
+    return std::string(buf, r.ptr);
 }
 
 void LeggiGeometriaDaTesto(std::string_view testo, std::array<std::string, 4>& caselle) {
@@ -83,19 +78,14 @@ Form11::Form11(Sistema& s, Interfaccia& ui, DestinazioneStampa& destinazione)
     : s_(s), ui_(ui), destinazione_(destinazione) {}
 
 void Form11::carica() {
-    const std::string file = fileGeometria;
-    const bool salva = salvaGeometria;
-    auto osservatore = allaScheda;
     scarica();
-    fileGeometria = file;
-    salvaGeometria = salva;
-    allaScheda = osservatore;
     schedeDA = "1";
     schedeA = TestoSemplice(s_.MSFlexGrid1.Rows());
     LeggiGeometria(fileGeometria.empty() ? FileDati(NomeFileGeometria) : fileGeometria, geometria);
     caricato = true;
 }
 
+// The controls come back to their design state; where the geometry is kept is not one.
 void Form11::scarica() {
     geometria = {"5", "5", "7", "7"};
     schedeDA = "1";

@@ -355,7 +355,9 @@ TEST(Stampa, FinestreComposte) {
         }
         const QPixmap p = w->grab();
         ASSERT_FALSE(p.isNull());
-        if (const char* cartella = std::getenv("ZEF_SCHERMATE")) EXPECT_TRUE(p.save(QString("%1/%2.png").arg(cartella, nome)));
+        if (const char* cartella = std::getenv("ZEF_SCHERMATE")) {
+            EXPECT_TRUE(p.save(QString("%1/%2.png").arg(cartella, nome)));
+        }
     }
     // The slip's picture keeps its proportions inside its widget.
     EXPECT_LE(v11.Image1()->scala() * LarghezzaScheda, v11.Image1()->width() + 0.5);
