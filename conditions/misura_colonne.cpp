@@ -338,6 +338,11 @@ ParametriColonne MisuraColonne(const std::vector<EstrazioneLetta>& righe, long p
     const auto fine = std::upper_bound(inizio, righe.end(), ultima,
                                        [](long id, const EstrazioneLetta& e) { return id < e.id; });
     m.righe = static_cast<long>(fine - inizio);
+    if (m.righe == 0) {  // no last row to go to
+        m.interrotta = true;
+        m.errore = errori::NessunRecordCorrente;
+        return m;
+    }
     PassateProgressive passate(righe, ruota, nRitardi, nFrequenze);
     Misuratore mis{m, {}};
     mis.visti.righe.assign(static_cast<size_t>(m.righe) + 1, {});

@@ -67,16 +67,6 @@ TEST(CliCondizioniSuggerite, StampaLInviluppoRigaPerRiga) {
     e = Esegui("condizioni suggerite --ultime tre --ruota 0 --archivio " + (dir / "a.db"));
     EXPECT_EQ(e.stato, 0);
     EXPECT_EQ(e.uscita, attesa);
-    // two draws on Venezia: 1 12 34 57 89 and 3 38 50 66 73
-    e = Esegui("condizioni suggerite --ultime 2 --ruota 9 --archivio " + (dir / "a.db"));
-    EXPECT_EQ(e.stato, 0);
-    auto v = Voci(e.uscita);
-    EXPECT_EQ(v["PosizioniSuggerite1"], "1,3");
-    EXPECT_EQ(v["PosizioniSuggerite5"], "73,89");
-    EXPECT_EQ(v["txtSomma0"], "193");
-    EXPECT_EQ(v["txtSomma1"], "230");
-    // the smallest gaps 10 and 6 over 2 - 1 draws: 16, less its half
-    EXPECT_EQ(v["txtDistanzaMin"], "8");
 }
 
 TEST(CliCondizioniSuggerite, InputSbagliato) {

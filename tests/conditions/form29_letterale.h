@@ -93,6 +93,7 @@ inline ParametriColonne Form29Letterale(const std::vector<EstrazioneLetta>& arch
     std::vector<int> ruote = w == 12 ? std::vector<int>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10} : std::vector<int>{w};
     long i = 0;
     try {
+        if (R == 0) throw errori::nessunRecordCorrente();  // MoveLast
         for (i = 1; i <= R; ++i) {
             const EstrazioneLetta& riga = *rs[i - 1];
             const long id = Prima - 1 + i;

@@ -241,16 +241,6 @@ TEST(MisuraColonne, TutteMisuraDieciRuoteSenzaNazionale) {
     EXPECT_EQ(MisuraColonne(a, 1, 2, misura::Tutte).sommaDistanze, 19);
 }
 
-TEST(MisuraColonne, NessunaRuotaNonMisuraNulla) {
-    std::vector<EstrazioneLetta> a = {Riga(1, {1, 2, 3, 4, 5})};
-    const auto m = MisuraColonne(a, 1, 1, misura::NessunaRuota);
-    EXPECT_FALSE(m.misurate);
-    EXPECT_EQ(m.righe, 0);
-    EXPECT_EQ(m.sommaMin, 440);
-    EXPECT_EQ(m.Combo1, 5);
-    EXPECT_EQ(m.SezioniSuggerite[2][3], 6);
-}
-
 TEST(MisuraColonne, UnCampoVuotoFermaLaMisuraAllaSuaRiga) {
     std::vector<EstrazioneLetta> a = {Riga(1, {1, 2, 3, 4, 5}), Riga(2, {10, 20, 30, 40, 50}),
                                       Riga(3, {80, 82, 84, 86, 88})};
@@ -274,6 +264,11 @@ TEST(MisuraColonne, UnCampoVuotoFermaLaMisuraAllaSuaRiga) {
     EXPECT_EQ(Segnati(m, 4), std::vector<int>{80});
     EXPECT_TRUE(Segnati(m, 5).empty());
     EXPECT_EQ(m.sommaMin, 440);  // the sum comes after the positions
+    // no draw in the range: there is no last row to go to
+    m = MisuraColonne(a, 5, 9, 1);
+    EXPECT_TRUE(m.interrotta);
+    EXPECT_EQ(m.errore, errori::NessunRecordCorrente);
+    EXPECT_EQ(m.righe, 0);
 }
 
 // ---- the passes at each draw --------------------------------------------------------------------
