@@ -11,7 +11,6 @@
 #include <iostream>
 #include <memory>
 #include <optional>
-#include <sstream>
 
 namespace zef::cli {
 
