@@ -66,7 +66,7 @@ bool PassataRitardi(const EstrazioneLetta* righe, long quante, int ruota, long n
 
 PassateProgressive::PassateProgressive(const std::vector<EstrazioneLetta>& righe, int ruota, long nRitardi,
                                        long nFrequenze)
-    : righe_(righe), ruote_(RuoteLette(ruota)), nR_(nRitardi), nF_(nFrequenze) {
+    : righe_(righe), ruota_(ruota), ruote_(RuoteLette(ruota)), nR_(nRitardi), nF_(nFrequenze) {
     ultima_.resize(ruote_.size());
     for (auto& u : ultima_) u.fill(-1);
     conteggi_.resize(ruote_.size());
@@ -106,8 +106,8 @@ void PassateProgressive::posiziona(long id) {
     auto stato = [&](long nPassata, std::array<int16_t, 91>& tabella, bool ritardi) {
         if (ruote_.empty() || L_ - nPassata - 1 < 0) return Stato::Zero;
         if (pulita(L_ - nPassata - 1)) return Stato::Veloce;
-        if (ritardi) PassataRitardi(righe_.data(), L_, ruote_.size() == 1 ? ruote_[0] : misura::Tutte, nPassata, tabella);
-        else PassataFrequenze(righe_.data(), L_, ruote_.size() == 1 ? ruote_[0] : misura::Tutte, nPassata, tabella);
+        if (ritardi) PassataRitardi(righe_.data(), L_, ruota_, nPassata, tabella);
+        else PassataFrequenze(righe_.data(), L_, ruota_, nPassata, tabella);
         return Stato::Tabella;
     };
     statoR_ = stato(nR_, tabellaR_, true);

@@ -58,6 +58,7 @@ private:
     bool pulita(long primaRiga) const;  // no bad field on the wheels read from that row to the end
 
     const std::vector<EstrazioneLetta>& righe_;
+    int ruota_;
     std::vector<int> ruote_;
     long nR_, nF_;
     long L_ = 0;  // rows read so far: those with id <= the present id
