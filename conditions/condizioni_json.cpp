@@ -82,8 +82,11 @@ void Controlla(const json& j, const Form28& f, const std::vector<int>& pronostic
     for (int n : {1, 2, 3, 5, 6, 7, 9, 10}) {
         std::string k = "Combo" + std::to_string(n);
         if (!j.contains(k)) continue;
-        Richiedi(j[k].is_number_integer() && j[k] >= 0 && j[k] < static_cast<int>(Form28::voci(n).size()),
-                 "\"" + k + "\": indice fuori dalla lista (0.." + std::to_string(Form28::voci(n).size() - 1) + ")");
+        // Conditions set from the archive may leave Combo7 with no choice (-1).
+        const int minimo = n == 7 ? -1 : 0;
+        Richiedi(j[k].is_number_integer() && j[k] >= minimo && j[k] < static_cast<int>(Form28::voci(n).size()),
+                 "\"" + k + "\": indice fuori dalla lista (" + std::to_string(minimo) + ".." +
+                     std::to_string(Form28::voci(n).size() - 1) + ")");
     }
     if (j.contains("Check1")) Bit(j, "Check1", 6);
     if (j.contains("chkInterruzioniPD")) Bit(j, "chkInterruzioniPD", 6);
@@ -140,7 +143,9 @@ void Controlla(const json& j, const Form28& f, const std::vector<int>& pronostic
                 Richiedi(e["attivo"] == 0 || e["attivo"] == 1, "\"posizioni\": \"attivo\" vale 0 o 1");
             if (e.contains("numeri")) {
                 Richiedi(e["numeri"].is_array(), "\"posizioni\": \"numeri\" è una lista");
-                for (const auto& x : e["numeri"]) nelPronostico(x, "posizioni");
+                // A place may allow numbers the forecast lacks: they let nothing through.
+                for (const auto& x : e["numeri"])
+                    Richiedi(x.is_number_integer() && x >= 1 && x <= 90, "\"posizioni\": i numeri vanno da 1 a 90");
             }
         }
     }

@@ -151,6 +151,10 @@ void Applicazione::collegaFinestre() {
         if (archivio_ && !lavoroInCorso_) fonte_ = std::make_unique<EstrazioniArchivio>(*archivio_);
         return fonte_.get();
     };
+    g->scaricaForm3 = [this] {
+        if (vista3_ && vista3_->isVisible()) vista3_->hide();
+        if (form3_ && form3_->caricato) form3_->scarica();
+    };
     finestre_.push_back(giocata);
 #endif
     finestre_.push_back(InstallaFinestreRiduzione(f1_, *s_, ui_, *vista_));

@@ -10,6 +10,7 @@
 #include "ui/form18menu.h"
 #include "ui/form20view.h"
 #include "ui/form28view.h"
+#include "ui/form29view.h"
 #include "ui/form2view.h"
 
 namespace zef::ui {
@@ -49,14 +50,22 @@ Form28& FinestreGiocata::form28() {
 }
 
 Form28View& FinestreGiocata::vista28() {
-    if (!vista28_) vista28_ = std::make_unique<Form28View>(form28(), ui_, vista20_.get());
+    if (!vista28_) {
+        vista28_ = std::make_unique<Form28View>(form28(), ui_, vista20_.get());
+        vista28_->suggerisci = [this] {
+            if (SuggerisciCondizioni(s_, ui_, *form28_, *vista28_, vista20_.get(), scaricaForm3)) riapriForm28_ = true;
+        };
+    }
     return *vista28_;
 }
 
 void FinestreGiocata::apriForm28() {
     Form28View& v = vista28();
-    form28_->archivio = fonteArchivio ? fonteArchivio() : nullptr;
-    v.exec();
+    do {
+        riapriForm28_ = false;
+        form28_->archivio = fonteArchivio ? fonteArchivio() : nullptr;
+        v.exec();
+    } while (riapriForm28_);
 }
 
 void FinestreGiocata::apriForm2() {

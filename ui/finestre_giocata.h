@@ -40,6 +40,8 @@ public:
     std::function<void()> dopoModifica;
     // The draws for the archive-based conditions, asked each time the conditions open.
     std::function<FonteEstrazioni*()> fonteArchivio;
+    // Unloads the archive browser (Suggerisci reads the draws afresh).
+    std::function<void()> scaricaForm3;
 
     Form2& form2() { return *form2_; }
     Form20& form20() { return *form20_; }  // mostraForm28 is wired here by the application
@@ -71,6 +73,7 @@ private:
     std::unique_ptr<Form12View> vista12_;
     std::unique_ptr<Form28View> vista28_;
     std::unique_ptr<Form18Menu> menu18_;
+    bool riapriForm28_ = false;  // "Imposta questi parametri" shows the conditions again
 };
 
 }  // namespace zef::ui

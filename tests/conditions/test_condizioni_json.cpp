@@ -93,3 +93,23 @@ TEST(CondizioniJson, FileCattiviNonCambianoNulla) {
         for (int i = 1; i <= 15; ++i) EXPECT_FALSE(b.f.condizioni()->CondizioneAttiva[i]);
     }
 }
+
+// Conditions set from the archive name places' numbers of all ninety and may leave
+// Combo7 with no choice; fixed numbers must still be in the forecast.
+TEST(CondizioniJson, PosizioniOltreIlPronosticoEDCombo7Vuota) {
+    Banco b;
+    ASSERT_TRUE(b.carica(R"({"chkAttivo": [0,0,0,0,0,0,0,0,0,1,1,0,0,0,0], "Combo7": -1,
+                             "posizioni": [{"posizione": 1, "attivo": 1, "numeri": [3, 89, 90]}]})"));
+    auto c = b.f.condizioni();
+    EXPECT_EQ(c->PosizioniNumeri[1][3], 1);
+    EXPECT_EQ(c->PosizioniNumeri[1][90], 1);
+    EXPECT_EQ(c->PosizioniNumeri[1][8], 0);
+    EXPECT_EQ(c->InterruzioniPD[6], 0);  // no change of parity allowed in a row
+    EXPECT_TRUE(b.ui.box.empty());
+    for (const char* testo : {R"({"posizioni": [{"posizione": 1, "numeri": [91]}]})",
+                              R"({"posizioni": [{"posizione": 1, "numeri": [0]}]})", R"({"fisse": [90]})",
+                              R"({"Combo7": -2})", R"({"Combo5": -1})"}) {
+        Banco d;
+        EXPECT_FALSE(d.carica(testo)) << testo;
+    }
+}
