@@ -4,7 +4,7 @@ JOBS ?= $(shell nproc)
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=Release
 # A compiler cache, when the machine has one, makes rebuilds of other checkouts cheap.
 ifneq ($(shell command -v ccache 2>/dev/null),)
-CMAKE_FLAGS += -DCMAKE_CXX_COMPILER_LAUNCHER=ccache
+override CMAKE_FLAGS += -DCMAKE_CXX_COMPILER_LAUNCHER=ccache
 endif
 
 .PHONY: all deps configure build run test bench clean screenshot
