@@ -1,6 +1,7 @@
 #include "wincheck/verifica_periodo.h"
 
 #include "archive/archivio.h"
+#include "core/csv.h"
 #include "core/vocabolario.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -179,6 +180,21 @@ TotaliPeriodo VerificaPeriodo::Totali(const std::vector<EsitoEstrazione>& esiti)
     }
     t.saldo = t.vinta - t.spesa;
     return t;
+}
+
+void ScriviVerificaCsv(const std::string& percorso, const std::vector<EsitoEstrazione>& esiti) {
+    std::vector<RigaCsv> righe;
+    righe.reserve(esiti.size() + 1);
+    righe.push_back({"Data", "Estratti", "Ambi", "Terni", "Quaterne", "Cinquine", "Vincita", "Spesa", "Saldo"});
+    for (const auto& r : esiti) {
+        RigaCsv riga{r.data};
+        for (auto n : r.vincite) riga.push_back(TestoSemplice(n));
+        riga.push_back(ImportoCsv(r.vincita.decimillesimi()));
+        riga.push_back(ImportoCsv(r.spesa.decimillesimi()));
+        riga.push_back(ImportoCsv(r.saldo.decimillesimi()));
+        righe.push_back(std::move(riga));
+    }
+    ScriviCsv(percorso, righe);
 }
 
 }  // namespace zef

@@ -81,4 +81,8 @@ private:
     std::vector<int> ruote_;                       // the wheels the play covers
 };
 
+// The table of a check over a period for a spreadsheet (date, the five counts, win
+// after tax, spent, running balance); raises std::runtime_error when it cannot write.
+void ScriviVerificaCsv(const std::string& percorso, const std::vector<EsitoEstrazione>& esiti);
+
 }  // namespace zef
