@@ -69,6 +69,9 @@ public:
     std::function<std::string()> oggi;
     // Command5: Form7 modal.
     std::function<void()> mostraForm7;
+    // "Verifica su un periodo...": the check over a run of draws.
+    std::function<void()> mostraVerifica;
+    static constexpr const char* CaptionVerifica = "Verifica su un periodo...";
 
     // ---- events ------------------------------------------------------------------------
     void carica();  // Form_Load: Form7 loaded and emptied, the archive at its last draw
@@ -81,6 +84,9 @@ public:
     void clickCommand4();  // memorizza
     void clickCommand5() {
         if (mostraForm7) mostraForm7();
+    }
+    void clickVerifica() {
+        if (mostraVerifica) mostraVerifica();
     }
     void scarica();
 
