@@ -221,6 +221,7 @@ Form6View::Form6View(Form6& modello, Interfaccia& ui, QWidget* parent) : QDialog
     connect(frecce_[2], &QToolButton::clicked, this, [this] { evento([this] { m_.Data1.successivo(); }); });
     connect(frecce_[3], &QToolButton::clicked, this, [this] { evento([this] { m_.Data1.ultimo(); }); });
     sinistra->addWidget(dati);
+    sinistra->addStretch(1);
 
     // The result and the commands.
     auto* destra = new QVBoxLayout;
@@ -449,10 +450,13 @@ FormVerificaView::FormVerificaView(FormVerifica& modello, Interfaccia& ui, QWidg
     tabella_->setModel(m);
     tabella_->verticalHeader()->setDefaultSectionSize(20);
     tabella_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    tabella_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     tabella_->setSelectionBehavior(QAbstractItemView::SelectRows);
     riepilogo_ = new QLabel;
     riepilogo_->setObjectName("Riepilogo");
     riepilogo_->setFont(vista::CarattereFinestra(10, true));
+    riepilogo_->setMinimumHeight(QFontMetrics(riepilogo_->font()).lineSpacing() * 3 + 8);
+    riepilogo_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* chart = new QChart;
     chart->setTitle("Saldo progressivo");
     chart->legend()->hide();

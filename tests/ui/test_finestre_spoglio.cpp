@@ -28,6 +28,11 @@ using namespace zef::ui;
 
 namespace {
 
+// With ZEF_SCHERMATE set to a folder, the window is saved there as a picture.
+void Schermata(QWidget* w, const char* nome) {
+    if (const char* cartella = std::getenv("ZEF_SCHERMATE")) w->grab().save(QString("%1/%2.png").arg(cartella, nome));
+}
+
 struct Programma {
     prova::CartellaTemporanea cartella;
     std::string archivio = cartella / "archivio.db";
@@ -97,6 +102,7 @@ TEST(FinestreSpoglio, CercaCountsShowsTheListingAndEsciRecords) {
         QTRY_COMPARE(v->punti(1)->text(), QString("1"));
         EXPECT_EQ(v->lblVincitaTotale()->text(), "230.00");
         EXPECT_FALSE(v->ProgressBar1()->isVisible());
+        Schermata(v, "form6");
         prova::AlProssimoModale<Form7View>([](Form7View* l) {
             ASSERT_EQ(l->List1()->model()->rowCount(), 1);
             EXPECT_TRUE(l->List1()->model()->index(0, 0).data().toString().startsWith("AMBO   su Bari  SCHEDINA: 1."));
@@ -119,6 +125,7 @@ TEST(FinestreSpoglio, CercaCountsShowsTheListingAndEsciRecords) {
         EXPECT_EQ(v->Text(3)->text(), "1");
         EXPECT_EQ(v->MaskEdBox(3)->text(), "228.00");
         EXPECT_EQ(v->Text(0)->focusPolicy(), Qt::NoFocus);
+        Schermata(v, "form16");
         prova::Clic(v->Command1());
         EXPECT_FALSE(v->isVisible());
     });
@@ -142,6 +149,7 @@ TEST(FinestreSpoglio, CheckOverTheLastDrawsFillsTableTotalsAndChart) {
             EXPECT_TRUE(w->riepilogo()->text().contains("Estrazioni verificate: 3"));
             EXPECT_EQ(w->grafico()->chart()->series().size(), 1);
             EXPECT_TRUE(w->esporta()->isEnabled());
+            Schermata(w, "verifica");
             fatto = true;
         });
         prova::Clic(v->verifica());
