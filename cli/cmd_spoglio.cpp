@@ -149,8 +149,8 @@ int UnaEstrazione(Sistema& s, const OpzioniSpoglio& o) {
     std::string out;
     for (size_t i = 0; i < NumSorti; ++i) out += std::string(nomi[i]) + ": " + f.punti[i] + "\n";
     out += "Totale vincita: " + f.lblVincitaTotale + "\n";
-    for (const auto& r : f7.List1) {
-        out += r;
+    for (size_t i = 0; i < f7.List1.size(); ++i) {
+        out += f7.List1[i];
         out += '\n';
     }
     std::cout << out;

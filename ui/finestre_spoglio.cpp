@@ -60,7 +60,7 @@ QIcon Freccia(bool sinistra, bool sbarra) {
 // The listing of the wins, rows made only when shown.
 class ModelloRighe : public QAbstractListModel {
 public:
-    explicit ModelloRighe(const std::vector<std::string>& righe, QObject* padre) : QAbstractListModel(padre), r_(righe) {}
+    explicit ModelloRighe(const ListaVincente& righe, QObject* padre) : QAbstractListModel(padre), r_(righe) {}
     int rowCount(const QModelIndex& p) const override { return p.isValid() ? 0 : static_cast<int>(std::min<size_t>(r_.size(), INT32_MAX)); }
     QVariant data(const QModelIndex& i, int ruolo) const override {
         if (ruolo != Qt::DisplayRole || !i.isValid()) return {};
@@ -72,7 +72,7 @@ public:
     }
 
 private:
-    const std::vector<std::string>& r_;
+    const ListaVincente& r_;
 };
 
 // The table of a check over a period.

@@ -26,7 +26,7 @@ public:
     static constexpr const char* Titolo = "VISUALIZZAZIONE COLONNE VINCENTI";
     static constexpr const char* Label1 = "GIOCATE VINCENTI";
 
-    std::vector<std::string> List1;
+    ListaVincente List1;
     bool caricato = false;
 
     void carica() {

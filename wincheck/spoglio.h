@@ -54,9 +54,41 @@ extern const std::array<const char*, NumSorti> ParoleSorti;  // "ESTRATTO " ... 
 // A listing line: kind, wheel (1..11), row index (0-based) and the row's text.
 std::string RigaVincente(int sorte, int ruota, int64_t riga, std::string_view testo);
 
+// The listing of the wins: a line per win, in order. It keeps a copy of the rows, the
+// boxes and the play as they were checked, and the running count of lines at each row;
+// a line is written out only when it is read (a window shows a few dozen), so a check
+// that wins millions of estratti costs no more than the count of them.
+class ListaVincente {
+public:
+    size_t size() const { return totale_; }
+    bool empty() const { return totale_ == 0; }
+    void clear();
+    // Line i as the window lists it.
+    std::string operator[](size_t i) const;
+    std::vector<std::string> testi() const;
+
+    // Used by the check: the state it checks, then the running count after each row.
+    void prepara(const ListaGiocate& lista, const struct GiocataSpoglio& g, const Caselle& c);
+    void fineRiga(uint64_t righeFinora) {
+        fine_.push_back(righeFinora);
+        totale_ = righeFinora;
+    }
+
+private:
+    // The lines of row r, in order.
+    std::vector<std::string> righeDi(int64_t r) const;
+    ListaGiocate lista_;
+    std::vector<int> ruote_;
+    int k_ = 0;
+    std::array<bool, 5> giocata_{};
+    Caselle caselle_{};
+    std::vector<uint64_t> fine_;
+    uint64_t totale_ = 0;
+};
+
 struct EsitoSpoglio {
     std::array<int64_t, NumSorti> vincite{};  // by kind
-    std::vector<std::string> righe;           // the listing, in order
+    ListaVincente righe;                      // the listing, in order
 };
 
 // The check of every row. `righe` false leaves the listing empty (counts only).
