@@ -35,6 +35,11 @@ public:
     // The bound cursor; opened on first use.
     Cursore& Recordset();
     void Chiudi();
+    // The control's own connection (opened on first use), for a write in a transaction.
+    ArchivioEstrazioni* connessione() {
+        Recordset();
+        return db_.get();
+    }
 
     // The four arrows.
     void primo();

@@ -6,6 +6,7 @@
 #include "archive/estrazioni_archivio.h"
 #include "files/filesistema.h"
 #include "ui/finestre_riduzione.h"
+#include "ui/finestre_spoglio.h"
 #include "ui/finestre_stampa.h"
 #include "ui/form3view.h"
 #include "ui/frmsplash.h"
@@ -72,6 +73,7 @@ void Applicazione::collegaArchivio() {
     f1_.ChiudiArchivio = [this] {
         if (vista3_ && vista3_->isVisible()) vista3_->hide();
         if (form3_ && form3_->caricato) form3_->scarica();
+        if (spoglio_) spoglio_->scaricaForm6();
         // A running worker still uses the connection: it is closed when the worker ends.
         if (!lavoroInCorso_) chiudiArchivio();
     };
@@ -81,7 +83,12 @@ void Applicazione::collegaArchivio() {
             const std::string file = archivio_ ? archivio_->percorso()
                                      : opzioni_.archivio.empty() ? ArchivioEstrazioni::PercorsoPredefinito()
                                                                  : opzioni_.archivio;
-            form3_ = std::make_unique<Form3>(*s_, ui_, Form3Collegamenti{}, file);
+            Form3Collegamenti col;
+            if (spoglio_) {
+                col.caricaForm7 = [this] { spoglio_->caricaForm7(); };
+                col.scaricaForm6 = [this] { spoglio_->scaricaForm6(); };
+            }
+            form3_ = std::make_unique<Form3>(*s_, ui_, col, file);
             vista3_ = std::make_unique<Form3View>(*form3_, ui_, vista_.get());
         }
         vista3_->apri();
@@ -159,6 +166,7 @@ void Applicazione::collegaFinestre() {
 #endif
     finestre_.push_back(InstallaFinestreRiduzione(f1_, *s_, ui_, *vista_));
     finestre_.push_back(InstallaFinestreStampa(f1_, *s_, ui_, *vista_));
+    spoglio_ = InstallaFinestreSpoglio(f1_, *s_, ui_, *vista_, opzioni_.archivio);
     vista_->aggiorna(false);
 }
 

@@ -20,6 +20,7 @@ class Form3;
 
 namespace zef::ui {
 
+class FinestreSpoglio;
 class Form3View;
 
 class Applicazione {
@@ -41,6 +42,7 @@ public:
     QtInterfaccia& interfaccia() { return ui_; }
     Form1& form1() { return f1_; }
     Form1View& finestra() { return *vista_; }
+    FinestreSpoglio* spoglio() { return spoglio_.get(); }
     // The archive while open (null before start-up, after a failed opening, after Exit).
     ArchivioEstrazioni* archivio() { return archivio_.get(); }
     // The archive browser, once opened.
@@ -67,6 +69,7 @@ private:
     // when its views are in the tree).
     std::vector<std::shared_ptr<void>> finestre_;
     std::unique_ptr<ArchivioEstrazioni> archivio_;
+    std::shared_ptr<FinestreSpoglio> spoglio_;  // the win-check windows
     std::unique_ptr<FonteEstrazioni> fonte_;  // the draws for the conditions dialog, over archivio_
     bool lavoroInCorso_ = false;  // a worker owns archivio_
     // After vista_: the browser's window goes before the main window it belongs to.
