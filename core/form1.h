@@ -84,6 +84,7 @@ public:
     std::function<void()> caricaForm5;
     std::function<void(int opzione)> mostraForm5;
     std::function<void()> mostraForm19;     // Sviluppo ridotto
+    std::function<void()> mostraFormOttimizza;  // Riduzione ottimizzata, modal
     std::function<void()> VerificaGaranzia; // is the list's guarantee real
     std::function<void()> mostraForm9;      // Informazioni
     std::function<void()> mostraForm10;     // print
@@ -139,6 +140,7 @@ public:
     void menuGaranzia(int livello);      // 5, 4, 3, 2
     void menuSviluppoRidotto();
     void menuVerificaGaranzia() { chiama(VerificaGaranzia); }
+    void menuRiduzioneOttimizzata() { chiama(mostraFormOttimizza); }
     void menuColonneVincenti() { chiama(mostraForm3); }
     void menuAggiornaEstrazioni() { chiama(AggiornaEstrazioni); }
     void menuImportaArchivio() { chiama(ImportaArchivio); }

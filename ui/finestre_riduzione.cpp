@@ -15,6 +15,8 @@
 #include "ui/form5view.h"
 #include "ui/form8view.h"
 #include "ui/form9view.h"
+#include "ui/formottimizzaview.h"
+#include "reduction/formottimizza.h"
 
 namespace zef::ui {
 
@@ -26,6 +28,8 @@ FinestreRiduzione::FinestreRiduzione(Sistema& s, Interfaccia& ui, QWidget* padre
     vista5_ = std::make_unique<Form5View>(*form5_, s, ui, esegui_, padre);
     vista8_ = std::make_unique<Form8View>(*form8_, s, ui, esegui_, padre);
     vista9_ = std::make_unique<Form9View>(*form9_, ui, padre);
+    formOttimizza_ = std::make_unique<FormOttimizza>(s, ui);
+    vistaOttimizza_ = std::make_unique<FormOttimizzaView>(*formOttimizza_, ui, padre);
 }
 
 FinestreRiduzione::~FinestreRiduzione() = default;
@@ -34,6 +38,7 @@ void FinestreRiduzione::collega(Form1& f1) {
     f1.caricaForm5 = [this] { caricaForm5(); };
     f1.mostraForm5 = [this](int opzione) { apriForm5(opzione); };
     f1.mostraForm19 = [this] { apriForm19(); };
+    f1.mostraFormOttimizza = [this] { apriFormOttimizza(); };
     f1.mostraForm9 = [this] { apriForm9(); };
     f1.VerificaGaranzia = [this] {
         vista::EseguiInThread([this] { EseguiEvento(ui_, [this] { MenuVerificaGaranzia(s_, ui_); }); });
@@ -49,6 +54,13 @@ void FinestreRiduzione::modificato() {
 }
 
 void FinestreRiduzione::caricaForm5() { form5_->carica(); }
+
+void FinestreRiduzione::apriFormOttimizza() {
+    EseguiEvento(ui_, [this] { formOttimizza_->carica(); });
+    vistaOttimizza_->aggiorna();
+    vistaOttimizza_->exec();
+    modificato();
+}
 
 void FinestreRiduzione::apriForm5(int opzione) {
     // A Garanzia item switches its option on, which fires the option's own rule.

@@ -19,6 +19,7 @@ class Form1;
 class Form5;
 class Form8;
 class Form9;
+class FormOttimizza;
 struct Sistema;
 }  // namespace zef
 
@@ -28,6 +29,7 @@ class Form1View;
 class Form5View;
 class Form8View;
 class Form9View;
+class FormOttimizzaView;
 
 class FinestreRiduzione {
 public:
@@ -46,6 +48,7 @@ public:
     void apriForm5(int opzione);  // 1..4 after a Garanzia item set it; 0 from RIDUCI
     void apriForm19();            // Sviluppo ridotto, modal; the cover follows in Timer4
     void apriForm9();             // Informazioni, modal
+    void apriFormOttimizza();     // Riduzione ottimizzata, modal
     void visualizzaPercentuali(); // the menu entry off the interface thread, then Form8
     void caricaForm8();
     void scaricaForm8();
@@ -58,6 +61,8 @@ public:
     Form5View& vista5() { return *vista5_; }
     Form8View& vista8() { return *vista8_; }
     Form9View& vista9() { return *vista9_; }
+    FormOttimizza& formOttimizza() { return *formOttimizza_; }
+    FormOttimizzaView& vistaOttimizza() { return *vistaOttimizza_; }
 
 private:
     void modificato();
@@ -72,6 +77,8 @@ private:
     std::unique_ptr<Form5View> vista5_;
     std::unique_ptr<Form8View> vista8_;
     std::unique_ptr<Form9View> vista9_;
+    std::unique_ptr<FormOttimizza> formOttimizza_;
+    std::unique_ptr<FormOttimizzaView> vistaOttimizza_;
     IndiceCopertura indice_;  // the cover's finished rows, kept from tick to tick
     bool inTick_ = false;
 };

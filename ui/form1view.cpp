@@ -171,6 +171,7 @@ void Form1View::creaMenu() {
           {"Garanzia2", "Garanzia &ambo", [this] { m_.menuGaranzia(2); }},
           {nullptr, nullptr, {}},
           {"SviluppoRidotto", "&Sviluppo ridotto", [this] { m_.menuSviluppoRidotto(); }},
+          {"RiduzioneOttimizzata", "Riduzione &ottimizzata...", [this] { m_.menuRiduzioneOttimizzata(); }},
           {"VerificaGaranzia", "&Verifica garanzia...", [this] { m_.menuVerificaGaranzia(); }}});
     menu("Statistiche", "&Statistiche",
          {{"ColonneVincenti", "&Archivio estrazioni precedenti", [this] { m_.menuColonneVincenti(); }},
@@ -446,6 +447,7 @@ void Form1View::aggiorna(bool lista) {
     for (const char* g : {"Garanzia5", "Garanzia4", "Garanzia3", "Garanzia2"}) abilita(g, bool(m_.mostraForm5));
     abilita("SviluppoRidotto", bool(m_.mostraForm19));
     abilita("VerificaGaranzia", bool(m_.VerificaGaranzia));
+    abilita("RiduzioneOttimizzata", bool(m_.mostraFormOttimizza));
     abilita("ColonneVincenti", bool(m_.mostraForm3));
     abilita("AggiornaEstrazioni", bool(m_.AggiornaEstrazioni));
     abilita("ImportaArchivio", bool(m_.ImportaArchivio));
