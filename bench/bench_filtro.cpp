@@ -124,6 +124,31 @@ void BM_DecineTutteLeCandidate(benchmark::State& st) {
 }
 BENCHMARK(BM_DecineTutteLeCandidate)->Unit(benchmark::kMillisecond)->Iterations(3);
 
+// 90 numbers in DECINE with the mean delay at most 1 and nothing else: without a
+// judgement of the prefixes, the first round of the second level alone would hold
+// C(88, 8) candidates before the progress window is served.
+void BM_DecineRitardoMedio(benchmark::State& st) {
+    Banco b(90, 10);
+    Sistema& s = b.s;
+    Form28& f = b.f;
+    EstrazioniInMemoria mem;
+    for (int i = 1; i <= 600; ++i) {
+        EstrazioneLetta e;
+        e.id = i;
+        for (int r = 1; r <= 11; ++r)
+            for (int p = 1; p <= 5; ++p) e.numeri[(r - 1) * 5 + p - 1] = static_cast<int16_t>((i * 37 + r * 11 + p * 17) % 90 + 1);
+        mem.righe.push_back(e);
+    }
+    f.archivio = &mem;
+    f.chkAttivo[14] = 1;
+    f.txtRitardoMin = "0";
+    f.txtRitardoMax = "1";
+    f.CliccaAccetta();
+    s.colonne.dimensiona(10);
+    Sviluppa(st, s, -1);
+}
+BENCHMARK(BM_DecineRitardoMedio)->Unit(benchmark::kMillisecond)->Iterations(1);
+
 }  // namespace
 
 BENCHMARK_MAIN();

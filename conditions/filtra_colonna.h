@@ -90,6 +90,11 @@ private:
     bool crescente_ = false;  // the forecast rises strictly within 1..90
     uint8_t postoDi_[92] = {};  // place of each number, 0 when out of the forecast
     uint8_t primoDa_[92] = {};  // first place whose number is at least v (n + 1: none)
+    // The least and the most sum of r delays (frequencies) that the places from p on
+    // can give, for the prefix judgement of the mean delay and frequency; a bound
+    // beyond reach where fewer than r places are left.
+    int ritardoMin_[92][11] = {}, ritardoMax_[92][11] = {};
+    int valoreMin_[92][11] = {}, valoreMax_[92][11] = {};
     Maschera postiPari_;
     std::array<Maschera, 11> posizionePosti_{};
     std::vector<Maschera> filtriPosti_;

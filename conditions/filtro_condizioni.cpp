@@ -249,6 +249,37 @@ void FiltroCondizioni::costruisci() {
     sommaPrima_[0] = 0;
     for (int i = 1; i <= 90; ++i) sommaPrima_[i] = sommaPrima_[i - 1] + (i <= n_ ? numero_[i] : 0);
 
+    // The r smallest and largest delays and frequencies over the places from p on.
+    for (int p = 1; p <= 91; ++p) {
+        int rit[91], val[91], m = 0;
+        for (int q = p; q <= n_ && q <= 90; ++q) {
+            const int x = numero_[q] <= 90 ? numero_[q] : 0;
+            rit[m] = c_.RitardiNumeri[static_cast<size_t>(x)];
+            val[m] = c_.ValoriNumeri[static_cast<size_t>(x)];
+            ++m;
+        }
+        std::sort(rit, rit + m);
+        std::sort(val, val + m);
+        for (int r = 0; r <= 10; ++r) {
+            if (r > m) {
+                ritardoMin_[p][r] = valoreMin_[p][r] = 1 << 24;
+                ritardoMax_[p][r] = valoreMax_[p][r] = -(1 << 24);
+                continue;
+            }
+            int a = 0, b = 0, c = 0, d = 0;
+            for (int i = 0; i < r; ++i) {
+                a += rit[i];
+                b += rit[m - 1 - i];
+                c += val[i];
+                d += val[m - 1 - i];
+            }
+            ritardoMin_[p][r] = a;
+            ritardoMax_[p][r] = b;
+            valoreMin_[p][r] = c;
+            valoreMax_[p][r] = d;
+        }
+    }
+
     fissi_ = {};
     fissoImpossibile_ = false;
     for (int i = 1; i <= c_.numFissi(); ++i) {
@@ -485,6 +516,22 @@ int FiltroCondizioni::scartaPrefisso(const Prefisso& p, int k) const {
         }
     }
     if (rifiutoPari_[inizio + p.pari]) return prossimo;
+    // The mean delay and frequency, last of the tests: judged only where the sequences
+    // cannot fail first. Out of reach whatever numbers the later places give.
+    if (attiva(15) && !attiva(12) && resto > 0 && prossimo + resto - 1 <= n_) {
+        int ritardi = 0, valori = 0;
+        for (int j = 0; j < len; ++j) {
+            ritardi += c.RitardiNumeri[N[j]];
+            valori += c.ValoriNumeri[N[j]];
+        }
+        auto media = [k](int somma) { return std::trunc(static_cast<float>(somma) / static_cast<float>(k)); };
+        const auto& R = c.RitardoFrequenza;
+        if (media(ritardi + ritardoMin_[prossimo][resto]) > R[1][2]) return prossimo;
+        if (media(ritardi + ritardoMax_[prossimo][resto]) < R[1][1]) return prossimo;
+        // the frequency fails only strictly between its two limits
+        if (media(valori + valoreMin_[prossimo][resto]) > R[2][2] && media(valori + valoreMax_[prossimo][resto]) < R[2][1])
+            return prossimo;
+    }
     return 0;
 }
 

@@ -135,7 +135,7 @@ void Form1::menustampa() {
 }
 
 void Form1::menuInformazioni() {
-    if (s_.NumColonne == 0) {
+    if (s_.NumColonne <= 0) {
         ui_.messaggio("Nessuna giocata condizionata in memoria, bisogna prima elaborare un sistema!",
                       "ERRORE SULLA RIDUZIONE", Icona::Esclamazione);
         return;
@@ -149,7 +149,7 @@ void Form1::menuGaranzia(int livello) {
 }
 
 void Form1::Riduzione(int livello) {
-    if (s_.NumColonne == 0) {
+    if (s_.NumColonne <= 0) {
         ui_.messaggio("Nessuna giocata condizionata in memoria, bisogna prima elaborare un sistema condizionato!",
                       "ERRORE SULLA RIDUZIONE", Icona::Esclamazione);
         return;

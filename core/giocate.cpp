@@ -48,7 +48,9 @@ void ImpostaListaCol(Sistema& s, const std::string& testo) {
 }
 
 void Visualizza(Sistema& s, Interfaccia& ui) {
-    if (s.NumColonne == 0 && s.NumRidotte == 0) {
+    // A count below 1 (a development that ended on its first candidate leaves -1) is
+    // an empty store.
+    if (s.NumColonne <= 0 && s.NumRidotte <= 0) {
         ui.messaggio("Nessuna giocata presente in memoria!", "FINESTRA INFORMATIVA", Icona::Informazione);
         return;
     }

@@ -81,10 +81,12 @@ void ScriviSistema(const Sistema& s, const std::string& percorso) {
     for (const auto& p : s.pannelli) w.testo(p);
     const int k = s.SviluppoK;
     w.intero(k);
-    w.intero(s.NumColonne);
-    ScriviColonne(w, s.colonne, s.NumColonne, k);
-    w.intero(s.NumRidotte);
-    ScriviColonne(w, s.ColonneRidotte, s.NumRidotte, k);
+    // A count below 1 is an empty store, written as 0 so that the file reads back.
+    const int32_t colonne = std::max<int32_t>(0, s.NumColonne), ridotte = std::max<int32_t>(0, s.NumRidotte);
+    w.intero(colonne);
+    ScriviColonne(w, s.colonne, colonne, k);
+    w.intero(ridotte);
+    ScriviColonne(w, s.ColonneRidotte, ridotte, k);
     w.intero(s.MSFlexGrid1.Rows());
     w.righe(s.MSFlexGrid1);
     for (int i = 0; i <= 10; ++i) w.booleano(s.form2.Option1[i]);

@@ -12,7 +12,7 @@ namespace {
 constexpr const char* TitoloErrore = "ERRORE SULLA RIDUZIONE";
 
 bool ControllaColonne(Sistema& s, Interfaccia& ui) {
-    if (s.NumColonne == 0) {
+    if (s.NumColonne <= 0) {
         ui.messaggio("Nessuna giocata condizionata in memoria, bisogna prima elaborare un sistema condizionato!",
                      TitoloErrore, Icona::Esclamazione);
         return false;

@@ -8,7 +8,7 @@
 namespace zef {
 
 bool MenuInformazioni(Sistema& s, Interfaccia& ui) {
-    if (s.NumColonne != 0) return true;
+    if (s.NumColonne > 0) return true;
     ui.messaggio("Nessuna giocata condizionata in memoria, bisogna prima elaborare un sistema!",
                  "ERRORE SULLA RIDUZIONE", Icona::Esclamazione);
     return false;

@@ -185,7 +185,7 @@ void Form8::EnumeraPercentuali() {
 
 bool Form8::VisualizzaPercentuali() {
     Sistema& s = s_;
-    if (s.NumColonne == 0 && s.NumRidotte == 0) {
+    if (s.NumColonne <= 0 && s.NumRidotte <= 0) {
         ui_.messaggio("Le giocate non sono presenti in memoria, impossibile calcolare le percentuali di vincita.",
                       "Attenzione", Icona::Informazione);
         return false;
