@@ -20,16 +20,36 @@ namespace {
 // Wheel indices in the order of their codes (the file's order): RN sits between RM and TO.
 constexpr int OrdineCodici[NumRuote] = {0, 1, 2, 3, 4, 5, 6, 7, 10, 8, 9};
 
+// A historical file is a few megabytes; one that expands beyond this is not one, and
+// is not read whole into memory.
+constexpr size_t LimiteEspanso = 200u << 20;
+
+ErroreStorico TroppoGrande(const std::string& percorso) {
+    return ErroreStorico(0, "Il file " + percorso + " espanso supera i 200 MB: non è un archivio storico delle estrazioni.");
+}
+
 std::string leggiGz(const std::string& percorso) {
     gzFile f = gzopen(percorso.c_str(), "rb");
     if (!f) throw ErroreStorico(0, "Impossibile leggere il file " + percorso + ".");
     std::string out;
     char buf[1 << 16];
     int n;
-    while ((n = gzread(f, buf, sizeof buf)) > 0) out.append(buf, static_cast<size_t>(n));
-    bool errore = n < 0;
+    bool troppo = false;
+    while ((n = gzread(f, buf, sizeof buf)) > 0) {
+        out.append(buf, static_cast<size_t>(n));
+        if (out.size() > LimiteEspanso) {
+            troppo = true;
+            break;
+        }
+    }
+    // A stream cut short reads as far as it goes and then ends: zlib reports it only
+    // as an error of the file, which refuses it like a cut zip.
+    int codice = Z_OK;
+    gzerror(f, &codice);
+    const bool errore = n < 0 || (codice != Z_OK && codice != Z_STREAM_END);
     gzclose(f);
-    if (errore) throw ErroreStorico(0, "Il file compresso " + percorso + " è danneggiato.");
+    if (troppo) throw TroppoGrande(percorso);
+    if (errore) throw ErroreStorico(0, "Il file compresso " + percorso + " è danneggiato o incompleto.");
     return out;
 }
 
@@ -63,11 +83,15 @@ std::string leggiZip(const std::string& percorso) {
     if (f) {
         char buf[1 << 16];
         zip_int64_t letti;
-        while ((letti = zip_fread(f, buf, sizeof buf)) > 0) out.append(buf, static_cast<size_t>(letti));
-        ok = letti == 0;
+        while ((letti = zip_fread(f, buf, sizeof buf)) > 0) {
+            out.append(buf, static_cast<size_t>(letti));
+            if (out.size() > LimiteEspanso) break;
+        }
+        ok = letti == 0 || out.size() > LimiteEspanso;
         zip_fclose(f);
     }
     zip_close(z);
+    if (out.size() > LimiteEspanso) throw TroppoGrande(percorso);
     if (!ok) throw ErroreStorico(0, "Il file dentro l'archivio zip " + percorso + " è danneggiato.");
     return out;
 }
