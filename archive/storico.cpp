@@ -182,9 +182,10 @@ std::vector<EstrazioneStorica> AnalizzaStorico(std::string_view testo) {
             std::string_view t = f[2 + p];
             int v = 0;
             bool cifre = !t.empty() && t.size() <= 3;
-            for (char c : t) {
-                if (c < '0' || c > '9') cifre = false;
-                else v = v * 10 + (c - '0');
+            // At most three digits are read: a long field is refused, never added up.
+            for (size_t c = 0; cifre && c < t.size(); ++c) {
+                if (t[c] < '0' || t[c] > '9') cifre = false;
+                else v = v * 10 + (t[c] - '0');
             }
             if (!cifre || v < 1 || v > 90)
                 throw ErroreStorico(n, riga(n) + "numero fuori dall'intervallo 1-90 \"" + std::string(t) + "\".");

@@ -50,3 +50,22 @@ TEST(StoricoCompresso, AFileThatExpandsBeyondAnyArchiveIsRefused) {
 
 }  // namespace
 }  // namespace zef
+
+namespace zef {
+namespace {
+
+TEST(StoricoCompresso, AnAbsurdlyLongNumberFieldIsRefusedAsOutOfRange) {
+    prova::CartellaTemporanea dir;
+    prova::ScriviFile(dir / "lungo.txt", "2024/01/02\tBA\t123456789012345678901234567890\t2\t3\t4\t5\n");
+    auto a = ArchivioEstrazioni::ApriOCrea(dir / "a.db");
+    try {
+        ImportaFileStorico(*a, dir / "lungo.txt");
+        FAIL() << "imported";
+    } catch (const ErroreStorico& e) {
+        EXPECT_NE(std::string(e.what()).find("fuori dall'intervallo 1-90"), std::string::npos) << e.what();
+    }
+    EXPECT_EQ(a->NumeroEstrazioni(), 0);
+}
+
+}  // namespace
+}  // namespace zef
