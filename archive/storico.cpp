@@ -222,20 +222,25 @@ EsitoImportazione ImportaEstrazioni(ArchivioEstrazioni& a, const std::vector<Est
     for (int k = 0; k < NumRuote * 5; ++k) sql += ", ?";
     sql += ")";
     ArchivioEstrazioni::Transazione t(a);
-    SQLite::Statement ins(db, sql);
-    for (const auto& e : estrazioni) {  // already in date order
-        if (!presenti.insert(e.data).second) continue;
-        ins.reset();
-        ins.bind(1, static_cast<int64_t>(++ultimo));
-        ins.bind(2, e.data);
-        for (int r = 0; r < NumRuote; ++r)
-            for (int p = 0; p < 5; ++p) {
-                int k = 3 + r * 5 + p;
-                if (e.numeri[r][p]) ins.bind(k, static_cast<int>(e.numeri[r][p]));
-                else ins.bind(k);
-            }
-        ins.exec();
-        ++esito.importate;
+    try {
+        SQLite::Statement ins(db, sql);
+        for (const auto& e : estrazioni) {  // already in date order
+            if (!presenti.insert(e.data).second) continue;
+            ins.reset();
+            ins.bind(1, static_cast<int64_t>(++ultimo));
+            ins.bind(2, e.data);
+            for (int r = 0; r < NumRuote; ++r)
+                for (int p = 0; p < 5; ++p) {
+                    int k = 3 + r * 5 + p;
+                    if (e.numeri[r][p]) ins.bind(k, static_cast<int>(e.numeri[r][p]));
+                    else ins.bind(k);
+                }
+            ins.exec();
+            ++esito.importate;
+        }
+    } catch (const SQLite::Exception& e) {
+        // A read-only archive, a full disk: nothing of the file stays, the message says why.
+        throw ErroreDatabase(e);
     }
     t.Commit();
     esito.totale = a.NumeroEstrazioni();
