@@ -8,6 +8,7 @@
 #include "ui/finestre_riduzione.h"
 #include "ui/finestre_spoglio.h"
 #include "ui/finestre_stampa.h"
+#include "ui/form15view.h"
 #include "ui/form3view.h"
 #include "ui/frmsplash.h"
 #include "ui/vista_comune.h"
@@ -167,6 +168,7 @@ void Applicazione::collegaFinestre() {
     finestre_.push_back(InstallaFinestreRiduzione(f1_, *s_, ui_, *vista_));
     finestre_.push_back(InstallaFinestreStampa(f1_, *s_, ui_, *vista_));
     spoglio_ = InstallaFinestreSpoglio(f1_, *s_, ui_, *vista_, opzioni_.archivio);
+    finestre_.push_back(InstallaSmorfia(f1_, *s_, ui_, *vista_));
     vista_->aggiorna(false);
 }
 
