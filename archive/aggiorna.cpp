@@ -16,6 +16,29 @@ namespace {
 namespace fs = std::filesystem;
 using namespace messaggi_aggiornamento;
 
+// A ball of a draw: a whole number 1..90 written in digits; 0 for anything else.
+int NumeroPallina(const std::string& testo) {
+    size_t i = testo.find_first_not_of(" \t\r\n\xA0");
+    size_t j = testo.find_last_not_of(" \t\r\n\xA0");
+    if (i == std::string::npos || j - i + 1 > 2) return 0;
+    int n = 0;
+    for (size_t k = i; k <= j; ++k) {
+        if (testo[k] < '0' || testo[k] > '9') return 0;
+        n = n * 10 + (testo[k] - '0');
+    }
+    return n >= 1 && n <= 90 ? n : 0;
+}
+
+// Five numbers 1..90, none repeated.
+bool RuotaPossibile(const int* n) {
+    for (int i = 0; i < 5; ++i) {
+        if (n[i] < 1 || n[i] > 90) return false;
+        for (int j = 0; j < i; ++j)
+            if (n[j] == n[i]) return false;
+    }
+    return true;
+}
+
 std::string togliSpazi(const std::string& s) {
     size_t a = s.find_first_not_of(" \t\r\n\xA0");
     if (a == std::string::npos) return {};
@@ -142,7 +165,7 @@ EsitoCopia copiaInOrdine(ArchivioEstrazioni& a, FinestraAttesa& attesa, int anno
 
 // The text path: only taken when a "tmp.txt" has been left in the folder.
 void leggiFileDiTesto(ArchivioEstrazioni& a, FinestraAttesa& attesa, const ImpostazioniAggiornamento& imp,
-                      const std::string& percorso, int anno, long& UltimoId) {
+                      const std::string& percorso, int anno, long& UltimoId, int& scartate) {
     long righe = 0;
     {
         std::ifstream f(percorso, std::ios::binary);
@@ -176,14 +199,27 @@ void leggiFileDiTesto(ArchivioEstrazioni& a, FinestraAttesa& attesa, const Impos
         tmp.AddNew();
         ++UltimoId;
         tmp.imposta("id", UltimoId);
+        bool possibile = true;
         for (int w = 1; w <= NumRuote; ++w) {
             if (w == 11 && anno <= 2004) {
                 tmp.CancelUpdate();
                 return;  // the rest of the file is not read
             }
             const std::string prefisso = w == 11 ? "NAZIONALE" : PrefissiRuote[w - 1];
-            for (int p = 1; p <= 5; ++p)
-                tmp.imposta(prefisso + static_cast<char>('0' + p), Valore(voce(static_cast<size_t>((w - 1) * 5 + p))));
+            int numeri[5];
+            for (int p = 1; p <= 5; ++p) {
+                const std::string& t = voce(static_cast<size_t>((w - 1) * 5 + p));
+                numeri[p - 1] = NumeroPallina(t);
+                tmp.imposta(prefisso + static_cast<char>('0' + p), Valore(t));
+            }
+            possibile = possibile && RuotaPossibile(numeri);
+        }
+        // A draw that cannot exist is passed over and its id used by the next.
+        if (!possibile) {
+            tmp.CancelUpdate();
+            --UltimoId;
+            ++scartate;
+            continue;
         }
         tmp.imposta("data", Valore(voce(0)));
         tmp.Update();
@@ -220,10 +256,15 @@ bool EsisteDataLotto(ArchivioEstrazioni& a, const std::string& iso) {
     return esiste;
 }
 
-void ParseLottoHTML(ArchivioEstrazioni& a, const std::string& html, int /*anno*/) {
+EsitoPagina ParseLottoHTML(ArchivioEstrazioni& a, const std::string& html, int /*anno*/) {
+    EsitoPagina esito;
     DocumentoHtml doc(html);
     auto estrazioni = doc.radice().getElementsByClassName("lottoDraws");
-    if (estrazioni.empty()) return;
+    if (estrazioni.empty()) {
+        // A page that came (one that did not arrives empty) but shows no draw at all.
+        esito.senzaEstrazioni = html.find_first_not_of(" \t\r\n") != std::string::npos;
+        return esito;
+    }
     Cursore tmp = a.OpenRecordset("select * from EstrazioniTMP");
     long id = 0;
     if (!tmp.Eof()) {
@@ -246,22 +287,32 @@ void ParseLottoHTML(ArchivioEstrazioni& a, const std::string& html, int /*anno*/
         ++id;
         tmp.imposta("id", id);
         tmp.imposta("data", Valore(iso));
-        bool completa = true;
+        bool completa = true, possibile = true;
         for (int w = 0; w < NumRuote && completa; ++w) {
             int conta = 0;
+            int numeri[5] = {};
             for (const auto& li : righe[static_cast<size_t>(w)].getElementsByTagName("li")) {
                 if (!ContieneSenzaMaiuscole(li.className(), "ball")) continue;
                 ++conta;
-                if (conta <= 5) tmp.imposta(PrefissiRuote[w] + std::string(1, static_cast<char>('0' + conta)),
-                                            Valore(Val(li.innerText())));
+                if (conta <= 5) {
+                    numeri[conta - 1] = NumeroPallina(li.innerText());
+                    tmp.imposta(PrefissiRuote[w] + std::string(1, static_cast<char>('0' + conta)), Valore(numeri[conta - 1]));
+                }
             }
             // A wheel without exactly five numbers: the draw is dropped, the id keeps its step.
             if (conta != 5) completa = false;
+            // So is one with a number that cannot be drawn, or drawn twice on a wheel.
+            else if (!RuotaPossibile(numeri)) possibile = false;
         }
-        if (completa) tmp.Update();
-        else tmp.CancelUpdate();
+        if (completa && possibile) {
+            tmp.Update();
+        } else {
+            tmp.CancelUpdate();
+            if (completa) ++esito.scartate;
+        }
     }
     tmp.Close();
+    return esito;
 }
 
 void AggiornaEstrazioni(ContestoAggiornamento& c) {
@@ -273,6 +324,8 @@ void AggiornaEstrazioni(ContestoAggiornamento& c) {
     FinestraAttesa attesa(c.ui);
     try {
         const int AnnoFine = c.annoCorrente;
+        int scartate = 0;
+        std::vector<int> anniVuoti;
         long UltimoId = 0;
         // An empty archive starts from the first year of the settings.
         int AnnoInizio = c.impostazioni.annoIniziale;
@@ -307,7 +360,9 @@ void AggiornaEstrazioni(ContestoAggiornamento& c) {
             // writes, so the result pages are what is normally read.
             std::error_code ec;
             if (!fs::exists(c.cartella + "/tmp.txt", ec)) {
-                ParseLottoHTML(a, c.fonte.GetHTML(c.impostazioni.url2(anno)), anno);
+                const EsitoPagina pagina = ParseLottoHTML(a, c.fonte.GetHTML(c.impostazioni.url2(anno)), anno);
+                scartate += pagina.scartate;
+                if (pagina.senzaEstrazioni) anniVuoti.push_back(anno);
                 Cursore tmp = a.OpenRecordset("select * from estrazioniTMP");
                 if (!tmp.Eof()) {
                     tmp.MoveLast();
@@ -319,7 +374,7 @@ void AggiornaEstrazioni(ContestoAggiornamento& c) {
                 attesa.stato.valore = 0;
                 attesa.mostra("Aggiornamento anno " + TestoSemplice(anno));
             } else {
-                leggiFileDiTesto(a, attesa, c.impostazioni, scaricato, anno, UltimoId);
+                leggiFileDiTesto(a, attesa, c.impostazioni, scaricato, anno, UltimoId, scartate);
             }
             copiaInOrdine(a, attesa, anno, UltimoId);
             transazione.Commit();
@@ -327,6 +382,8 @@ void AggiornaEstrazioni(ContestoAggiornamento& c) {
         }
         attesa.scarica();
         c.ui.messaggio(Successo, TitoloSuccesso, Icona::Informazione);
+        if (scartate > 0) c.ui.messaggio(EstrazioniScartate(scartate), TitoloSuccesso, Icona::Esclamazione);
+        for (int anno : anniVuoti) c.ui.messaggio(PaginaSenzaEstrazioni(anno), TitoloSuccesso, Icona::Esclamazione);
     } catch (const std::exception& e) {
         // From here on the handler passes over its own errors.
         std::error_code ec;

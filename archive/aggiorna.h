@@ -24,9 +24,15 @@ struct ContestoAggiornamento {
 // The command. Every outcome ends in one message box.
 void AggiornaEstrazioni(ContestoAggiornamento& c);
 
+// What a year's results page gave besides its draws.
+struct EsitoPagina {
+    int scartate = 0;              // draws passed over: a number not 1..90, or repeated on a wheel
+    bool senzaEstrazioni = false;  // no element of class lottoDraws at all
+};
+
 // Fills EstrazioniTMP from a year's results page; stops at the first known date.
 // `anno` is carried and not used.
-void ParseLottoHTML(ArchivioEstrazioni& a, const std::string& html, int anno);
+EsitoPagina ParseLottoHTML(ArchivioEstrazioni& a, const std::string& html, int anno);
 
 class ElementoHtml;
 // The digits of the element's first span as a number; -1 without a span or a digit.
@@ -43,6 +49,17 @@ bool EsisteDataLotto(ArchivioEstrazioni& a, const std::string& iso);
 namespace messaggi_aggiornamento {
 inline constexpr const char* Successo = "Aggiornamento completato con successo!";
 inline constexpr const char* TitoloSuccesso = "FINE AGGIORNAMENTO";
+// After the success message: the draws passed over, and the year pages without draws.
+inline std::string EstrazioniScartate(int n) {
+    return (n == 1 ? std::string("Un'estrazione non è stata memorizzata")
+                   : std::to_string(n) + " estrazioni non sono state memorizzate") +
+           ": contenevano numeri fuori da 1-90 o ripetuti sulla stessa ruota.";
+}
+inline std::string PaginaSenzaEstrazioni(int anno) {
+    return "La pagina dei risultati dell'anno " + std::to_string(anno) +
+           " non contiene alcuna estrazione: il sito potrebbe aver cambiato formato. Controllare le impostazioni "
+           "di aggiornamento.";
+}
 inline constexpr const char* NonNecessario = "L' archivio delle estrazioni non ha bisogno di essere aggiornato!";
 inline constexpr const char* NonEffettuato = "Aggiornamento NON effettuato!";
 inline constexpr const char* Titolo = "Attenzione";

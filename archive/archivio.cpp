@@ -50,8 +50,35 @@ bool tabellaEstrazioniValida(SQLite::Database& db) {
 
 }  // namespace
 
+ErroreEsecuzione ErroreDatabase(const std::exception& e) {
+    const auto* s = dynamic_cast<const SQLite::Exception*>(&e);
+    const int codice = s ? (s->getErrorCode() & 0xFF) : -1;
+    switch (codice) {
+        case SQLITE_READONLY:
+            return {3027, "L'archivio delle estrazioni è di sola lettura (file protetto o cartella senza permesso "
+                          "di scrittura): la modifica non è stata salvata."};
+        case SQLITE_FULL:
+            return {3026, "Spazio su disco esaurito: la modifica dell'archivio delle estrazioni non è stata salvata."};
+        case SQLITE_IOERR:
+            return {3026, "Errore di lettura o scrittura del disco sull'archivio delle estrazioni: la modifica non è "
+                          "stata salvata."};
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+            return {3343, "L'archivio delle estrazioni è danneggiato."};
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return {3260, "L'archivio delle estrazioni è in uso da un altro programma: riprovare più tardi."};
+        case SQLITE_CANTOPEN:
+            return {3024, "Impossibile aprire il file dell'archivio delle estrazioni."};
+        default:
+            return {3000, std::string("Errore del database: ") + e.what()};
+    }
+}
+
 ArchivioEstrazioni::ArchivioEstrazioni(const std::string& percorso) : percorso_(percorso) {
     std::error_code ec;
+    if (std::filesystem::is_directory(percorso, ec))
+        throw ErroreArchivio(3024, "'" + percorso + "' è una cartella: indicare il file dell'archivio delle estrazioni.");
     if (!std::filesystem::is_regular_file(percorso, ec))
         throw ErroreArchivio(3024, "Impossibile trovare il file '" + percorso + "'.");
     try {
@@ -131,7 +158,13 @@ bool ArchivioEstrazioni::EsisteData(const std::string& iso) {
     return st.executeStep();
 }
 
-ArchivioEstrazioni::Transazione::Transazione(ArchivioEstrazioni& a) : a_(a) { a_.db().exec("BEGIN IMMEDIATE"); }
+ArchivioEstrazioni::Transazione::Transazione(ArchivioEstrazioni& a) : a_(a) {
+    try {
+        a_.db().exec("BEGIN IMMEDIATE");
+    } catch (const SQLite::Exception& e) {
+        throw ErroreDatabase(e);
+    }
+}
 
 ArchivioEstrazioni::Transazione::~Transazione() {
     if (!finita_) {
@@ -143,7 +176,11 @@ ArchivioEstrazioni::Transazione::~Transazione() {
 }
 
 void ArchivioEstrazioni::Transazione::Commit() {
-    a_.db().exec("COMMIT");
+    try {
+        a_.db().exec("COMMIT");
+    } catch (const SQLite::Exception& e) {
+        throw ErroreDatabase(e);
+    }
     finita_ = true;
 }
 

@@ -30,6 +30,10 @@ struct ErroreArchivio : ErroreEsecuzione {
     using ErroreEsecuzione::ErroreEsecuzione;
 };
 
+// A failure of the database engine told in Italian: what happened to the archive, not
+// the engine's English ("attempt to write a readonly database", "database or disk is full").
+ErroreEsecuzione ErroreDatabase(const std::exception& e);
+
 // The eleven wheels in the archive's order: field prefixes, headers, file codes.
 extern const char* const PrefissiRuote[NumRuote];  // "Bari" ... "Nazionale"
 extern const char* const IntestazioniRuote[NumRuote];  // "BARI" ... "NAZIONALE"

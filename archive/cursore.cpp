@@ -1,5 +1,6 @@
 #include "archive/cursore.h"
 
+#include "archive/archivio.h"
 #include "archive/date.h"
 #include "core/basic.h"
 #include "core/errori.h"
@@ -442,7 +443,7 @@ void Cursore::Update() {
         }
     } catch (const SQLite::Exception& e) {
         modo_ = Modo::Nessuno;
-        throw errore(3000, std::string("Errore del database: ") + e.what());
+        throw ErroreDatabase(e);
     }
     modo_ = Modo::Nessuno;
     buffer_.clear();
@@ -457,7 +458,7 @@ void Cursore::Delete() {
         st.bind(1, static_cast<int64_t>(rowid_[pos_]));
         st.exec();
     } catch (const SQLite::Exception& e) {
-        throw errore(3000, std::string("Errore del database: ") + e.what());
+        throw ErroreDatabase(e);
     }
     const auto n = static_cast<long>(nomi_.size());
     dati_.erase(dati_.begin() + pos_ * n, dati_.begin() + (pos_ + 1) * n);

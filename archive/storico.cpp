@@ -20,16 +20,36 @@ namespace {
 // Wheel indices in the order of their codes (the file's order): RN sits between RM and TO.
 constexpr int OrdineCodici[NumRuote] = {0, 1, 2, 3, 4, 5, 6, 7, 10, 8, 9};
 
+// A historical file is a few megabytes; one that expands beyond this is not one, and
+// is not read whole into memory.
+constexpr size_t LimiteEspanso = 200u << 20;
+
+ErroreStorico TroppoGrande(const std::string& percorso) {
+    return ErroreStorico(0, "Il file " + percorso + " espanso supera i 200 MB: non è un archivio storico delle estrazioni.");
+}
+
 std::string leggiGz(const std::string& percorso) {
     gzFile f = gzopen(percorso.c_str(), "rb");
     if (!f) throw ErroreStorico(0, "Impossibile leggere il file " + percorso + ".");
     std::string out;
     char buf[1 << 16];
     int n;
-    while ((n = gzread(f, buf, sizeof buf)) > 0) out.append(buf, static_cast<size_t>(n));
-    bool errore = n < 0;
+    bool troppo = false;
+    while ((n = gzread(f, buf, sizeof buf)) > 0) {
+        out.append(buf, static_cast<size_t>(n));
+        if (out.size() > LimiteEspanso) {
+            troppo = true;
+            break;
+        }
+    }
+    // A stream cut short reads as far as it goes and then ends: zlib reports it only
+    // as an error of the file, which refuses it like a cut zip.
+    int codice = Z_OK;
+    gzerror(f, &codice);
+    const bool errore = n < 0 || (codice != Z_OK && codice != Z_STREAM_END);
     gzclose(f);
-    if (errore) throw ErroreStorico(0, "Il file compresso " + percorso + " è danneggiato.");
+    if (troppo) throw TroppoGrande(percorso);
+    if (errore) throw ErroreStorico(0, "Il file compresso " + percorso + " è danneggiato o incompleto.");
     return out;
 }
 
@@ -63,11 +83,15 @@ std::string leggiZip(const std::string& percorso) {
     if (f) {
         char buf[1 << 16];
         zip_int64_t letti;
-        while ((letti = zip_fread(f, buf, sizeof buf)) > 0) out.append(buf, static_cast<size_t>(letti));
-        ok = letti == 0;
+        while ((letti = zip_fread(f, buf, sizeof buf)) > 0) {
+            out.append(buf, static_cast<size_t>(letti));
+            if (out.size() > LimiteEspanso) break;
+        }
+        ok = letti == 0 || out.size() > LimiteEspanso;
         zip_fclose(f);
     }
     zip_close(z);
+    if (out.size() > LimiteEspanso) throw TroppoGrande(percorso);
     if (!ok) throw ErroreStorico(0, "Il file dentro l'archivio zip " + percorso + " è danneggiato.");
     return out;
 }
@@ -158,9 +182,10 @@ std::vector<EstrazioneStorica> AnalizzaStorico(std::string_view testo) {
             std::string_view t = f[2 + p];
             int v = 0;
             bool cifre = !t.empty() && t.size() <= 3;
-            for (char c : t) {
-                if (c < '0' || c > '9') cifre = false;
-                else v = v * 10 + (c - '0');
+            // At most three digits are read: a long field is refused, never added up.
+            for (size_t c = 0; cifre && c < t.size(); ++c) {
+                if (t[c] < '0' || t[c] > '9') cifre = false;
+                else v = v * 10 + (t[c] - '0');
             }
             if (!cifre || v < 1 || v > 90)
                 throw ErroreStorico(n, riga(n) + "numero fuori dall'intervallo 1-90 \"" + std::string(t) + "\".");
@@ -197,20 +222,25 @@ EsitoImportazione ImportaEstrazioni(ArchivioEstrazioni& a, const std::vector<Est
     for (int k = 0; k < NumRuote * 5; ++k) sql += ", ?";
     sql += ")";
     ArchivioEstrazioni::Transazione t(a);
-    SQLite::Statement ins(db, sql);
-    for (const auto& e : estrazioni) {  // already in date order
-        if (!presenti.insert(e.data).second) continue;
-        ins.reset();
-        ins.bind(1, static_cast<int64_t>(++ultimo));
-        ins.bind(2, e.data);
-        for (int r = 0; r < NumRuote; ++r)
-            for (int p = 0; p < 5; ++p) {
-                int k = 3 + r * 5 + p;
-                if (e.numeri[r][p]) ins.bind(k, static_cast<int>(e.numeri[r][p]));
-                else ins.bind(k);
-            }
-        ins.exec();
-        ++esito.importate;
+    try {
+        SQLite::Statement ins(db, sql);
+        for (const auto& e : estrazioni) {  // already in date order
+            if (!presenti.insert(e.data).second) continue;
+            ins.reset();
+            ins.bind(1, static_cast<int64_t>(++ultimo));
+            ins.bind(2, e.data);
+            for (int r = 0; r < NumRuote; ++r)
+                for (int p = 0; p < 5; ++p) {
+                    int k = 3 + r * 5 + p;
+                    if (e.numeri[r][p]) ins.bind(k, static_cast<int>(e.numeri[r][p]));
+                    else ins.bind(k);
+                }
+            ins.exec();
+            ++esito.importate;
+        }
+    } catch (const SQLite::Exception& e) {
+        // A read-only archive, a full disk: nothing of the file stays, the message says why.
+        throw ErroreDatabase(e);
     }
     t.Commit();
     esito.totale = a.NumeroEstrazioni();

@@ -30,8 +30,11 @@ RegistraComando registra("sviluppa", [](CLI::App& app) -> Esecuzione {
         InterfacciaScriptata ui;
         Sviluppa(s, ui, o->sviluppo);
         bool pieno = false;
-        for (auto& b : ui.box)
+        for (auto& b : ui.box) {
             if (b.testo == Form20::MessaggioNonSviluppabile) throw InputNonValido(b.testo);
+            // A run-time error ended the development: nothing worth saving came of it.
+            if (b.testo.rfind("Errore di run-time", 0) == 0) throw InputNonValido(b.testo);
+        }
         for (auto& b : ui.box) {
             std::cerr << (b.titolo.empty() ? "" : b.titolo + ": ") << b.testo << "\n";
             pieno = pieno || b.titolo == "MEMORIA ESAURITA";

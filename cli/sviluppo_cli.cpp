@@ -75,6 +75,14 @@ CaricatoreCondizioni& CaricaCondizioni() {
 
 void Sviluppa(Sistema& s, InterfacciaScriptata& ui, const OpzioniSviluppo& o) {
     const int ruota = IndiceRuota(o.ruota);
+    {
+        // The distance is a whole number of units: anything else is refused here, before
+        // the dialog would fail on it half way.
+        const std::string d = Trim(o.distanza);
+        const bool cifre = !d.empty() && d.size() <= 2 &&
+                           std::all_of(d.begin(), d.end(), [](unsigned char c) { return std::isdigit(c); });
+        if (!cifre) throw InputNonValido("Distanza non valida: \"" + o.distanza + "\" (un numero intero da 0 a 89)");
+    }
     ImpostaPronostico(s, o.pronostico);
     // the wheel option of the play dialog, which the archive-based conditions read
     s.form2.Option1.fill(false);

@@ -45,8 +45,10 @@ bool FiltroCondizioni::interruzioniOk(unsigned passi, int k) const {
         if (passi >> i & 1) corrente = 0;
         else if (++corrente > massimo) massimo = corrente;
     }
-    const int totale = k - 1 - std::popcount(passi);
-    return (interruzioni_ >> totale & 1) && massimo <= c_.Interruzioni[6];
+    // Bit 0 is no step (there is no number before the first): the tables built for
+    // every pattern set it too, and it must not make the count negative.
+    const int totale = k - 1 - std::popcount(passi >> 1);
+    return totale >= 0 && (interruzioni_ >> totale & 1) && massimo <= c_.Interruzioni[6];
 }
 
 bool FiltroCondizioni::gruppiOk(unsigned pari, int k) const {

@@ -141,6 +141,8 @@ long long ArrotondaBanker(double v) { return static_cast<long long>(std::nearbyi
 
 // ---- Currency -------------------------------------------------------------------
 
+void Currency::FuoriScala() { throw errori::overflow(); }
+
 Currency Currency::daDouble(double d) {
     double s = std::nearbyint(d * Scala);
     if (!(std::fabs(s) < 9.2e18)) throw errori::overflow();

@@ -64,7 +64,11 @@ public:
 
     constexpr Currency() = default;
     static constexpr Currency daDecimillesimi(int64_t d) { Currency c; c.v_ = d; return c; }
-    static constexpr Currency daInteri(int64_t n) { return daDecimillesimi(n * Scala); }
+    static constexpr Currency daInteri(int64_t n) {
+        int64_t r = 0;
+        if (__builtin_mul_overflow(n, Scala, &r)) FuoriScala();
+        return daDecimillesimi(r);
+    }
     // From a double, rounded half to even at the fourth decimal (as on assignment).
     static Currency daDouble(double d);
     // Parses "1.5" (always a point): the list-output form of the system file.
@@ -82,13 +86,28 @@ public:
     // Two decimals in the locale: "1,50".
     std::string testoDueDecimali() const;
 
-    friend constexpr Currency operator+(Currency a, Currency b) { return daDecimillesimi(a.v_ + b.v_); }
-    friend constexpr Currency operator-(Currency a, Currency b) { return daDecimillesimi(a.v_ - b.v_); }
-    friend constexpr Currency operator*(Currency a, int64_t n) { return daDecimillesimi(a.v_ * n); }
-    Currency& operator+=(Currency b) { v_ += b.v_; return *this; }
+    // The arithmetic of the type: beyond its range it raises the run time's "Overflow"
+    // (error 6), as the original type does, instead of wrapping.
+    friend constexpr Currency operator+(Currency a, Currency b) {
+        int64_t r = 0;
+        if (__builtin_add_overflow(a.v_, b.v_, &r)) FuoriScala();
+        return daDecimillesimi(r);
+    }
+    friend constexpr Currency operator-(Currency a, Currency b) {
+        int64_t r = 0;
+        if (__builtin_sub_overflow(a.v_, b.v_, &r)) FuoriScala();
+        return daDecimillesimi(r);
+    }
+    friend constexpr Currency operator*(Currency a, int64_t n) {
+        int64_t r = 0;
+        if (__builtin_mul_overflow(a.v_, n, &r)) FuoriScala();
+        return daDecimillesimi(r);
+    }
+    Currency& operator+=(Currency b) { return *this = *this + b; }
     friend constexpr auto operator<=>(Currency, Currency) = default;
 
 private:
+    [[noreturn]] static void FuoriScala();  // raises error 6
     int64_t v_ = 0;
 };
 

@@ -119,7 +119,8 @@ void ScrittoreLista::quotato(std::string_view cp1252) {
     spazio(cp1252.size() + 4);
     char* d = buf_.data() + usati_;
     *d++ = '"';
-    std::memcpy(d, cp1252.data(), cp1252.size());
+    // An empty text may have no storage at all: nothing to copy then.
+    if (!cp1252.empty()) std::memcpy(d, cp1252.data(), cp1252.size());
     d += cp1252.size();
     *d++ = '"';
     *d++ = '\r';

@@ -323,3 +323,63 @@ TEST_F(Aggiornamento, StrongSenzaDataOConAltroTesto) {
 }
 
 }  // namespace
+
+namespace {
+// A draw as the results page shows it: Bari's first two balls given, every other ball
+// a number that can be drawn.
+std::string EstrazioneHtml(const std::string& data, const std::string& primo, const std::string& secondo = "2") {
+    std::string h = "<div class=\"lottoDraws\"><div class=\"drawHeader\"><strong>del " + data + "</strong></div>";
+    const char* ruote[] = {"Bari", "Cagliari", "Firenze", "Genova", "Milano", "Napoli", "Palermo", "Roma", "Torino", "Venezia", "Nazionale"};
+    for (int w = 0; w < 11; ++w) {
+        h += "<ul class=\"ballRow\"><li class=\"wheelName\">" + std::string(ruote[w]) + "</li>";
+        for (int p = 0; p < 5; ++p) {
+            std::string n = std::to_string(10 + w * 5 + p);
+            if (w == 0 && p == 0) n = primo;
+            if (w == 0 && p == 1) n = secondo;
+            h += "<li class=\"ball\">" + n + "</li>";
+        }
+        h += "</ul>";
+    }
+    return h + "</div>";
+}
+}  // namespace
+
+TEST_F(Aggiornamento, DrawsThatCannotExistArePassedOverAndCounted) {
+    Aggiungi({"2025-12-20"});
+    std::string pagina = "<html><body>";
+    pagina += EstrazioneHtml("30/12/2025", "3");
+    for (const char* cattivo : {"999", "-3", "4.5", "tre", "0"}) pagina += EstrazioneHtml("29/12/2025", cattivo);
+    pagina += EstrazioneHtml("27/12/2025", "7", "7");  // the same number twice on Bari
+    pagina += EstrazioneHtml("23/12/2025", "90");
+    fonte.pagine[Url2(2025)] = pagina + "</body></html>";
+    Esegui(2025);
+    ASSERT_EQ(ui.box.size(), 2u);
+    EXPECT_EQ(ui.box[0].testo, "Aggiornamento completato con successo!");
+    EXPECT_EQ(ui.box[1].testo, messaggi_aggiornamento::EstrazioniScartate(6));
+    EXPECT_NE(ui.box[1].testo.find("6 estrazioni"), std::string::npos);
+    const auto archivio = Archivio();
+    ASSERT_EQ(archivio.size(), 3u);
+    EXPECT_EQ(archivio[1].second, "2025-12-23");
+    EXPECT_EQ(archivio[2].second, "2025-12-30");
+    EXPECT_EQ(Ruota("2025-12-30", 1), (std::vector<int>{3, 2, 12, 13, 14}));
+    auto c = a->OpenRecordset("select * from estrazioni");
+    for (; !c.Eof(); c.MoveNext())
+        for (int w = 1; w <= 11; ++w)
+            for (int p = 1; p <= 5; ++p) {
+                auto n = c.numero(NomeCampo(w, p));
+                if (n) {
+                    EXPECT_TRUE(*n >= 1 && *n <= 90) << *n;
+                }
+            }
+}
+
+TEST_F(Aggiornamento, APageWithNoDrawAtAllSaysTheSourceMayHaveChanged) {
+    Aggiungi({"2025-12-20"});
+    fonte.pagine[Url2(2025)] = "<html><body><div class=\"estrazioniNuove\">09/01/2025 27 46 65</div></body></html>";
+    Esegui(2025);
+    ASSERT_EQ(ui.box.size(), 2u);
+    EXPECT_EQ(ui.box[0].testo, "Aggiornamento completato con successo!");
+    EXPECT_EQ(ui.box[1].testo, messaggi_aggiornamento::PaginaSenzaEstrazioni(2025));
+    EXPECT_NE(ui.box[1].testo.find("2025"), std::string::npos);
+    EXPECT_EQ(Archivio().size(), 1u);
+}

@@ -21,8 +21,9 @@ namespace {
 // Plain reference: every combination of L forecast numbers against every row,
 // positions counted one by one; returns the table and the two guarantee texts.
 struct Tabella {
-    std::array<std::array<std::string, 6>, 4> Perc{};
-    std::string max = "nessuna", min = "nessuna";
+    std::array<std::array<std::string, 6>, 4> Perc;
+    std::string max = "nessuna";
+    std::string min = "nessuna";
     bool livelloVuoto = false;  // a level with no combination accepted
 };
 
