@@ -9,6 +9,10 @@
 #include "ui/finestre_spoglio.h"
 #include "ui/finestre_stampa.h"
 #include "ui/form15view.h"
+#include "core/percorsi.h"
+#include "upkeep/aggiornamento_programma.h"
+
+#include <QProcess>
 #include "ui/form3view.h"
 #include "ui/frmsplash.h"
 #include "ui/vista_comune.h"
@@ -58,6 +62,18 @@ void Applicazione::collega() {
         about.exec();
     };
 
+    // Timer6: the check for a newer program, its download off the interface thread.
+    f1_.ControllaAggiornamento = [this] {
+        bool aggiorna = false;
+        ScaricatoreCurl curl;
+        vista::EseguiInThread([&] {
+            ControllaAggiornamento(CartellaProgramma(), curl, ui_, "Zefiranto 2.0", [&aggiorna] { aggiorna = true; });
+        });
+        if (!aggiorna) return;
+        // The updater beside the program, and the program ends at once.
+        QProcess::startDetached(QString::fromStdString(CartellaProgramma() + "/update"), {});
+        if (f1_.fine) f1_.fine();
+    };
     f1_.Apri = [&s, &ui] { zef::Apri(s, ui); };
     f1_.Salva = [&s, &ui] { zef::Salva(s, ui); };
     f1_.SalvaConNome = [&s, &ui] { zef::SalvaConNome(s, ui); };

@@ -55,7 +55,9 @@ struct Programma {
         app->avvia();
         ImpostaSeparatoreDecimale('.');
     }
-    ~Programma() { ImpostaSeparatoreDecimale(0); }
+    // The separator the other tests of this program run under comes back.
+    ~Programma() { ImpostaSeparatoreDecimale(prima); }
+    char prima = SeparatoreDecimale();
 
     // An ambo on Bari staked 1.00, with a row that holds two numbers of the last draw there.
     void Sistema() {
