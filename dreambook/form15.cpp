@@ -61,7 +61,8 @@ void Form15::clickCommand3() {
     if (libro) {
         for (const char* tabella : {"Nomi Propri", "Personaggi"})
             Passa([&] {
-                if (const VoceLibro* v = Trova(libro->tabella(tabella), Text1, false)) scriviNumero(v->numero);
+                const std::vector<VoceLibro> righe = libro->tabella(tabella);
+                if (const VoceLibro* v = Trova(righe, Text1, false)) scriviNumero(v->numero);
             });
         const std::string iniziale = Iniziale(Text1);
         const VoceLibro* soggetto = nullptr;
