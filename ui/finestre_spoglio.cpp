@@ -40,23 +40,6 @@ namespace {
 
 constexpr const char* StileTitolo = "color: white; background-color: #1F4E8C; padding: 3px; border-radius: 3px;";
 
-// An arrow of the data control: a triangle, with a bar for the first and the last.
-QIcon Freccia(bool sinistra, bool sbarra) {
-    QPixmap pm(16, 16);
-    pm.fill(Qt::transparent);
-    QPainter p(&pm);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(Qt::NoPen);
-    p.setBrush(QColor("#202020"));
-    const qreal x0 = sbarra ? 6 : 4, x1 = sbarra ? 13 : 11;
-    QPolygonF t;
-    if (sinistra) t << QPointF(x0, 8) << QPointF(x1, 3) << QPointF(x1, 13);
-    else t << QPointF(16 - x0, 8) << QPointF(16 - x1, 3) << QPointF(16 - x1, 13);
-    p.drawPolygon(t);
-    if (sbarra) p.drawRect(sinistra ? QRectF(3, 3, 2, 10) : QRectF(11, 3, 2, 10));
-    return QIcon(pm);
-}
-
 // The listing of the wins, rows made only when shown.
 class ModelloRighe : public QAbstractListModel {
 public:
@@ -204,7 +187,7 @@ Form6View::Form6View(Form6& modello, Interfaccia& ui, QWidget* parent) : QDialog
     for (int i = 0; i < 4; ++i) {
         auto* b = new QToolButton;
         b->setToolTip(suggerimenti[i]);
-        b->setIcon(Freccia(i < 2, i == 0 || i == 3));
+        b->setIcon(vista::Freccia(i < 2, i == 0 || i == 3));
         b->setFixedSize(26, 22);
         frecce_[static_cast<size_t>(i)] = b;
     }

@@ -33,23 +33,6 @@ constexpr const char* StileEtichetta =
 constexpr const char* StileTitolo =
     "color: white; background-color: #1F4E8C; padding: 3px; border-radius: 3px;";
 
-// An arrow of the data control: a triangle, with a bar for the first and the last.
-QIcon Freccia(bool sinistra, bool sbarra) {
-    QPixmap pm(16, 16);
-    pm.fill(Qt::transparent);
-    QPainter p(&pm);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(Qt::NoPen);
-    p.setBrush(QColor("#202020"));
-    const qreal x0 = sbarra ? 6 : 4, x1 = sbarra ? 13 : 11;
-    QPolygonF t;
-    if (sinistra) t << QPointF(x0, 8) << QPointF(x1, 3) << QPointF(x1, 13);
-    else t << QPointF(16 - x0, 8) << QPointF(16 - x1, 3) << QPointF(16 - x1, 13);
-    p.drawPolygon(t);
-    if (sbarra) p.drawRect(sinistra ? QRectF(3, 3, 2, 10) : QRectF(11, 3, 2, 10));
-    return QIcon(pm);
-}
-
 QLabel* Titolo(const std::string& testo, const char* nome) {
     auto* l = new QLabel(Q(testo));
     l->setObjectName(nome);
@@ -152,7 +135,7 @@ QWidget* Form3View::creaControlloDati() {
         auto* b = new QToolButton;
         b->setObjectName(nomi[i]);
         b->setToolTip(suggerimenti[i]);
-        b->setIcon(Freccia(i < 2, i == 0 || i == 3));
+        b->setIcon(vista::Freccia(i < 2, i == 0 || i == 3));
         b->setAutoRaise(false);
         b->setFixedSize(26, 22);
         frecce_[i] = b;

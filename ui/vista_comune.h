@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QFont>
+#include <QIcon>
 #include <QString>
 
 #include <functional>
@@ -18,6 +19,10 @@ inline std::string S(const QString& s) { return s.toStdString(); }
 void InstallaSostituzioni();
 QFont CarattereFinestra(qreal punti = 9, bool grassetto = false);
 QFont CarattereFisso(qreal punti = 10, bool grassetto = false);
+
+// An arrow of the data controls (the archive's and the win check's): a triangle, with a
+// bar for the first and the last draw.
+QIcon Freccia(bool sinistra, bool sbarra);
 
 // Runs `lavoro` on a worker thread and waits for it with a local event loop, so the
 // interface keeps serving the calls that the worker carries over to it. An exception
